@@ -1,0 +1,152 @@
+#include <algorithm>
+#include <vector>
+
+#include "cli/commands.h"
+#include "cli/failure.h"
+#include "cli/input_reader.h"
+#include "cli/invocation.h"
+#include "cli/item_json.h"
+#include "cli/text_argument.h"
+#include "foundation/language.h"
+#include "foundation/language_check.h"
+#include "foundation/product.h"
+#include "foundation/textfile.h"
+
+namespace {
+
+using Kind = LanguageFinding::Kind;
+
+struct KindInfo {
+    Kind kind;
+    std::string_view name;  // in JSON
+    std::string_view text;
+};
+
+constexpr KindInfo kKinds[] = {
+    {Kind::BadLine, "bad-line", "the line is dropped"},
+    {Kind::DuplicateKey, "duplicate-key", "overwrites the value"},
+    {Kind::UnknownSection, "unknown-section", "unknown section"},
+    {Kind::UnknownKey, "unknown-key", "unknown key"},
+    {Kind::UnresolvedReference, "unresolved-reference", "resolves to nothing"},
+    {Kind::MissingKey, "missing-key", "missing key"},
+};
+
+const KindInfo& InfoOf(Kind kind) {
+    for (const KindInfo& info : kKinds) {
+        if (info.kind == kind) return info;
+    }
+    return kKinds[0];
+}
+
+// An unreadable file counts as an empty one for the core, so that is found out here.
+void RequireReadable(const std::string& path) {
+    char byte = 0;
+    const platform::InputFile file = platform::OpenInput(platform::PathFromArgument(path).c_str());
+    const bool readable = file != platform::kNoInput && platform::ReadInput(file, &byte, 1).has_value();
+    const Failure failure = Failure::OfFile("cannot read " + path);
+    platform::CloseInput(file);
+    if (!readable) throw failure;
+}
+
+// The file laid over the built-in texts.
+void LoadTable(const std::string& path, tvmlang& table) {
+    RequireReadable(path);
+    for (const LanguageConstant& constant : kLanguageConstants)
+        table.SetConst(constant.key, constant.text);
+    table.Parse(CVMRMLang::DefaultText());
+    if (!table.LoadOverlay(PathArgument(path))) {
+        throw Failure(ExitCode::Failed, path + " holds no text in any section");
+    }
+}
+
+void WriteFindingJson(JsonWriter& json, const LanguageFinding& finding) {
+    json.OpenObject().Key("line").Number(finding.line);
+    json.Key("kind").Ascii(InfoOf(finding.kind).name);
+    json.Key("section").Text(finding.section).Key("key").Text(finding.key);
+    json.Key("detail").Text(finding.detail).CloseObject();
+}
+
+// "de.ini:12: [file] open: resolves to nothing: %nosuch"
+std::string FindingLine(const std::string& path, const LanguageFinding& finding) {
+    std::string line = path;
+    line.append(":");
+    if (finding.line != 0) line.append(std::to_string(finding.line)).append(":");
+    if (!finding.section.empty()) line.append(" [").append(ForMessage(finding.section)).append("]");
+    if (!finding.key.empty()) line.append(" ").append(ForMessage(finding.key));
+    if (!finding.section.empty() || !finding.key.empty()) line.append(":");
+    line.append(" ").append(InfoOf(finding.kind).text);
+    if (!finding.detail.empty()) line.append(": ").append(ForMessage(finding.detail));
+    return line.append("\n");
+}
+
+}  // namespace
+
+ExitCode RunLangCheck(const Invocation& invocation) {
+    const std::string& path = invocation.Argument(0);
+    RequireReadable(path);
+    const auto findings = CheckLanguage(ReadTextFile(PathArgument(path)), CVMRMLang::DefaultText());
+    OutputSink out;
+    if (invocation.Has(Option::Json)) {
+        JsonWriter json(out);
+        json.OpenObject();
+        WriteVersion(json);
+        json.Key("findings").OpenArray();
+        for (const LanguageFinding& finding : findings)
+            WriteFindingJson(json, finding);
+        json.CloseArray().CloseObject();
+        out.Byte('\n');
+    } else {
+        for (const LanguageFinding& finding : findings)
+            out.Bytes(FindingLine(path, finding));
+    }
+    out.Finish();
+    return findings.empty() ? ExitCode::Done : ExitCode::CheckFound;
+}
+
+ExitCode RunLangDump(const Invocation& invocation) {
+    tvmlang table(kDefaultLanguageSection);
+    LoadTable(invocation.Argument(0), table);
+    OutputSink out;
+    JsonWriter json(out);
+    json.OpenObject();
+    for (const auto& [section, keys] : table.Sections()) {
+        json.Key(section.view()).OpenObject();
+        for (const auto& [key, text] : keys)
+            json.Key(key.view()).Text(text);
+        json.CloseObject();
+    }
+    json.CloseObject();
+    out.Byte('\n');
+    out.Finish();
+    return ExitCode::Done;
+}
+
+ExitCode RunLangText(const Invocation& invocation) {
+    constexpr std::size_t kFirst = 3;
+    LanguageArguments arguments{};
+    std::vector<tvstring> texts;
+    for (std::size_t i = kFirst; i < invocation.CountArguments(); ++i)
+        texts.push_back(TextArgument(invocation.Argument(i), "an argument of the text"));
+    if (texts.size() > arguments.size()) throw Failure(ExitCode::WrongUsage, "there are too many arguments");
+    std::copy(texts.begin(), texts.end(), arguments.begin());
+    const tvstring section = TextArgument(invocation.Argument(1), "the section");
+    const tvstring key = TextArgument(invocation.Argument(2), "the key");
+    tvmlang table(kDefaultLanguageSection);
+    LoadTable(invocation.Argument(0), table);
+    if (table.Find(section.empty() ? table.DefaultSection() : section, key) == nullptr) {
+        throw Failure(ExitCode::NotFound, "there is no such text");
+    }
+    const tvstring text = TextFrom(table, section, key, arguments);
+    OutputSink out;
+    if (invocation.Has(Option::Json)) {
+        JsonWriter json(out);
+        json.OpenObject();
+        WriteVersion(json);
+        json.Key("text").Text(text).CloseObject();
+    } else {
+        out.Text(text);
+    }
+    out.Byte('\n');
+    out.Finish();
+    return ExitCode::Done;
+}

@@ -1,0 +1,42 @@
+#include "cli/text_argument.h"
+
+#include "cli/failure.h"
+#include "cli/utf8.h"
+#include "database/database.h"
+#include "foundation/conversion.h"
+#include "platform/terminal.h"
+
+tvstring TextArgument(const std::string& argument, const char* what) {
+    if (!IsUtf8(argument)) throw Failure(ExitCode::WrongUsage, std::string(what) + " is not valid UTF-8");
+    return FromUtf8(argument);
+}
+
+tvstring StoredArgument(const std::string& argument, const char* what) {
+    tvstring text = TextArgument(argument, what);
+    RequireStorable(text, what);
+    return text;
+}
+
+void RequireStorable(const tvstring& text, const char* what) {
+    if (text.size() <= kLongestText) return;
+    throw Failure(ExitCode::FormatLimit, std::string(what) + " is longer than " +
+                                             std::to_string(kLongestText) +
+                                             " UTF-16 units, the most that a database can hold");
+}
+
+tvstring PathArgument(const std::string& argument) {
+    return tvstring(platform::PathFromArgument(argument));
+}
+
+std::string ForMessage(const tvstring& text) {
+    constexpr char32_t kReplacement = 0xFFFD;
+    std::string out;
+    for (std::size_t i = 0; i < text.size();) {
+        char32_t codePoint = NextCodePoint(text, i);
+        const bool isControl = codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
+        if (isControl || IsSurrogate(codePoint)) codePoint = kReplacement;
+        char bytes[4];
+        out.append(bytes, EncodeUtf8(codePoint, bytes));
+    }
+    return out;
+}

@@ -1,0 +1,23 @@
+# What every target of the project is compiled and linked with.
+add_library(vaultmere_options INTERFACE)
+target_compile_options(vaultmere_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+
+if(VAULTMERE_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+if(VAULTMERE_COVERAGE)
+  add_compile_options(--coverage -O0)
+  add_link_options(--coverage)
+endif()
+
+if(WIN32)
+  # One file each: nothing of the compiler's has to lie beside the program.
+  add_link_options(-static -static-libgcc -static-libstdc++)
+else()
+  find_package(OpenSSL REQUIRED COMPONENTS Crypto)
+  find_package(ICU REQUIRED COMPONENTS uc i18n)
+  set(VAULTMERE_CRYPTO OpenSSL::Crypto)
+  set(VAULTMERE_ICU ICU::i18n ICU::uc)
+endif()
