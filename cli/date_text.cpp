@@ -1,7 +1,5 @@
 #include "cli/date_text.h"
 
-#include <cstdio>
-
 #include "platform/clock.h"
 
 namespace {
@@ -40,11 +38,29 @@ bool TakeFraction(std::u16string_view& text, u32& ticks) {
     return true;
 }
 
+void AppendNumber(std::string& text, u32 number, std::size_t digits) {
+    char reversed[10];
+    std::size_t count = 0;
+    for (; count < digits || number != 0; number /= 10)
+        reversed[count++] = static_cast<char>('0' + number % 10);
+    while (count > 0)
+        text.push_back(reversed[--count]);
+}
+
 // "2024-09-05" and "12:34:56" with the mark between them.
 std::string FormatSeconds(const platform::CalendarTime& time, char mark) {
-    char text[80];
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d%c%02d:%02d:%02d", time.year, time.month, time.day, mark,
-                  time.hour, time.minute, time.second);
+    const struct {
+        int number;
+        std::size_t digits;
+        char mark;
+    } parts[] = {{time.year, 4, '-'}, {time.month, 2, '-'},  {time.day, 2, mark},
+                 {time.hour, 2, ':'}, {time.minute, 2, ':'}, {time.second, 2, '.'}};
+    std::string text;
+    for (const auto& part : parts) {
+        AppendNumber(text, static_cast<u32>(part.number), part.digits);
+        text.push_back(part.mark);
+    }
+    text.pop_back();
     return text;
 }
 
@@ -53,9 +69,9 @@ std::string FormatSeconds(const platform::CalendarTime& time, char mark) {
 std::string FormatIsoDate(u64 date) {
     platform::CalendarTime time{};
     if (!platform::TicksToCalendar(date, time)) return {};
-    char fraction[16];
-    std::snprintf(fraction, sizeof fraction, ".%07u", static_cast<unsigned>(time.ticks));
-    return FormatSeconds(time, 'T') + fraction;
+    std::string text = FormatSeconds(time, 'T').append(".");
+    AppendNumber(text, time.ticks, kFractionDigits);
+    return text;
 }
 
 std::string FormatPlainDate(u64 date) {

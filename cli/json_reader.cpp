@@ -14,6 +14,11 @@ bool IsDigit(char c) noexcept {
     return c >= '0' && c <= '9';
 }
 
+bool IsPlainAscii(char c) noexcept {
+    const auto value = static_cast<unsigned char>(c);
+    return value >= 0x20 && value < 0x80 && c != '"' && c != '\\';
+}
+
 int HexValue(char c) noexcept {
     if (IsDigit(c)) return c - '0';
     if (c >= 'a' && c <= 'f') return c - 'a' + 10;
@@ -127,17 +132,28 @@ void JsonReader::Text(tvstring& text) {
             ++m_Place;
             return;
         }
-        if (static_cast<unsigned char>(c) < 0x20) throw ErrorAt(m_Place, "a control character in a string");
         if (c == '\\') {
             ReadEscape(text);
-        } else if (static_cast<unsigned char>(c) < 0x80) {
-            text.push_back(static_cast<char16_t>(c));
-            ++m_Place;
+        } else if (IsPlainAscii(c)) {
+            ReadPlain(text);
+        } else if (static_cast<unsigned char>(c) < 0x20) {
+            throw ErrorAt(m_Place, "a control character in a string");
         } else {
             ReadUtf8(text);
         }
     }
     throw ErrorAt(m_Place, "unexpected end in a string");
+}
+
+// All that stands for itself, in one piece.
+void JsonReader::ReadPlain(tvstring& text) {
+    std::size_t end = m_Place;
+    while (end < m_Bytes.size() && IsPlainAscii(m_Bytes[end]))
+        ++end;
+    std::size_t to = text.size();
+    text.resize(to + (end - m_Place));
+    for (; m_Place < end; ++m_Place)
+        text[to++] = static_cast<char16_t>(m_Bytes[m_Place]);
 }
 
 void JsonReader::ReadEscape(tvstring& text) {

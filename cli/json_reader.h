@@ -54,6 +54,7 @@ private:
     [[nodiscard]] char Peek();
     void Open(char mark);
     bool Next(char closingMark);
+    void ReadPlain(tvstring& text);
     void ReadEscape(tvstring& text);
     char16_t ReadHex();
     void ReadUtf8(tvstring& text);

@@ -16,6 +16,9 @@ if(WIN32)
   # One file each: nothing of the compiler's has to lie beside the program.
   add_link_options(-static -static-libgcc -static-libstdc++)
 else()
+  # Functions are found when the program starts. The dynamic linker would otherwise save the vector registers,
+  # with what a text or a key has left in them, on the stack at each first call.
+  add_link_options(-Wl,-z,relro,-z,now)
   find_package(OpenSSL REQUIRED COMPONENTS Crypto)
   find_package(ICU REQUIRED COMPONENTS uc i18n)
   set(VAULTMERE_CRYPTO OpenSSL::Crypto)

@@ -29,12 +29,14 @@ private:
 using CipherCall = decltype(&platform::AesEncrypt);
 
 tvdata RunCipher(CipherCall call, const u8* data, std::size_t size, const u8* key32) {
+    constexpr std::size_t kLimit = std::numeric_limits<u32>::max();
     tvdata result;
-    if (data == nullptr || size == 0 || key32 == nullptr) return result;
+    if (data == nullptr || size == 0 || size > kLimit || key32 == nullptr) return result;
     const KeyObject key(key32);
     std::size_t needed = 0;
-    if (key.Get() == nullptr || !call(key.Get(), data, size, nullptr, 0, needed) || needed == 0) return result;
-    if (needed > std::numeric_limits<u32>::max() || !result.Resize(static_cast<u32>(needed))) return result;
+    if (key.Get() == nullptr || !call(key.Get(), data, size, nullptr, 0, needed) || needed == 0)
+        return result;
+    if (needed > kLimit || !result.Resize(static_cast<u32>(needed))) return result;
     std::size_t done = 0;
     if (call(key.Get(), data, size, result.Data(), needed, done)) {
         result.Shrink(static_cast<u32>(done));

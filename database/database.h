@@ -72,17 +72,17 @@ public:
 
     // Writes everything in plain text: one HTML table, or comma-separated values. False on an empty path or
     // if the system fails; a partly written file stays.
-    bool Export(const tvstring& path, bool html);
+    bool Export(const tvstring& path, bool html) const;
 
     // The text that Export writes, in UTF-8.
     [[nodiscard]] tvstringA BuildExport(bool html) const;
 
     // --- Changing the tree (operations.cpp, merge.cpp) ---
     //
-    // Arrays and queues hold items for the operations on items, entries for those on entries; anything else in
-    // them, null too, is passed over. `db` is the database that is called, `item` one of its items; with null
-    // nothing happens, and the array or queue comes back empty. What happens to another database's list is not
-    // recorded.
+    // Arrays and queues hold items for the operations on items, entries for those on entries; anything else
+    // in them, null too, is passed over. `db` is the database that is called, `item` one of its items; with
+    // null nothing happens, and the array or queue comes back empty. What happens to another database's list
+    // is not recorded.
 
     // Starts a new, unsaved database with one item; the history is empty.
     bool New(const tvstring& name);
@@ -93,8 +93,8 @@ public:
     // Appends an additional entry; null with no database open or for an empty text.
     EntryElement* AddNewEntry(const tvstring& text, VMRD_Item* item);
 
-    // Insert copies of the queue's elements before `before`, or at the tail when that is null. The queue takes
-    // the new elements, and their number is the result.
+    // Insert copies of the queue's elements before `before`, or at the tail when that is null. The queue
+    // takes the new elements, and their number is the result.
     i32 AddItems(ElementQueue& queue, VMRD_Element* before, VMRD_DB* db);
     i32 AddEntries(ElementQueue& queue, VMRD_Element* before, VMRD_Item* item);
 
@@ -108,15 +108,15 @@ public:
     i32 MoveItems(ElementArray& array, bool up, VMRD_DB* db);
     i32 MoveEntries(ElementArray& array, bool up, VMRD_Item* item);
 
-    // Set an item's name or an entry's text; true if it changed. `parent` is the database of an item, the item
-    // of an entry. An entry's text loses line breaks at both ends; an item's name cannot become empty. Both
-    // work for either class.
+    // Set an item's name or an entry's text; true if it changed. `parent` is the database of an item, the
+    // item of an entry. An entry's text loses line breaks at both ends; an item's name cannot become empty.
+    // Both work for either class.
     bool ModifyItem(VMRD_Element* element, tvstring text, VMRD_Object* parent);
     bool ModifyEntry(VMRD_Element* element, tvstring text, VMRD_Object* parent);
 
     // Merges items into the first of the array, whose entries stay; the others' non-empty entries become
-    // additional ones. Returns the first, or null for fewer than two. Leaves two undo records, or one if there
-    // was nothing to append.
+    // additional ones. Returns the first, or null for fewer than two. Leaves two undo records, or one if
+    // there was nothing to append.
     ItemElement* MergeItems(ElementArray& array);
 
     // Merges entries into the first of the array, with the given text or, if that is empty, their non-empty
@@ -140,13 +140,13 @@ public:
 
     // --- Fields, in their order ---
 
-    tvhandle m_File;         // held, exclusively, while the database is open or after it was saved
-    bool bAutoSave = false;  // setting: save after each change
+    tvhandle m_File;          // held, exclusively, while the database is open or after it was saved
+    bool bAutoSave = false;   // setting: save after each change
     bool bFilterPWD = false;  // setting: search in passwords
-    bool m_Changed = false;  // differs from its file
+    bool m_Changed = false;   // differs from its file
     bool m_Opened = false;
     tvstring m_Name;
-    tvstring m_Display;  // what DisplayName found; empty means not yet computed
+    tvstring m_Display;                    // what DisplayName found; empty means not yet computed
     u8 m_PwdHash[kPasswordHashSize] = {};  // of the master password; all zero means none
     tvstring m_Path;
     VMRD_Undo m_Undo;

@@ -26,8 +26,7 @@ std::size_t StreamSize(const VMRD_DB& database) {
 }
 
 bool WriteItem(tvbuffer<u8>& stream, const ItemElement& item) {
-    if (!WriteRecord(stream, VMRD_T_ITEMNAME, item.m_Name) ||
-        !WriteDateRecord(stream, item.m_Date)) {
+    if (!WriteRecord(stream, VMRD_T_ITEMNAME, item.m_Name) || !WriteDateRecord(stream, item.m_Date)) {
         return false;
     }
     for (const EntryElement* entry = item.m_Head; entry != nullptr; entry = entry->m_Next) {
@@ -55,7 +54,7 @@ bool TakeRecord(VMRD_DB& database, u16 type, tvstring& text) {
         item->m_Name = std::move(text);
         return database.Insert(item, nullptr);
     }
-    ItemElement* item = database.m_Tail;
+    ItemElement* item = database.Tail();
     if (item == nullptr) return false;
     if (type == VMRD_T_DATE) {
         item->m_Date = ParseDate(text);

@@ -146,7 +146,7 @@ tvstringA VMRD_DB::BuildExport(bool html) const {
     return ToUtf8(out);
 }
 
-bool VMRD_DB::Export(const tvstring& path, bool html) {
+bool VMRD_DB::Export(const tvstring& path, bool html) const {
     if (path.empty()) return false;
     const tvstringA text = BuildExport(html);
     if (text.empty()) return false;

@@ -125,6 +125,7 @@ void HashSHA3::Final(u8* digest) noexcept {
     for (std::size_t i = 0; i < kDigestSize; ++i)
         digest[i] = static_cast<u8>(m_Lanes[i / kLaneSize] >> (8 * (i % kLaneSize)));
     Wipe();
+    platform::WipeStack();  // where Permute has put lanes for want of registers, and with them the digest
 }
 
 void HashSHA3::MixByte(std::size_t position, u8 byte) noexcept {

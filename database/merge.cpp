@@ -7,7 +7,8 @@ namespace {
 
 tvstring JoinedText(const ElementArray& array) {
     std::size_t length = 0;
-    for (const VMRD_Element* element : array) length += ElementText(element).size() + 2;
+    for (const VMRD_Element* element : array)
+        length += ElementText(element).size() + 2;
     tvstring text;
     text.reserve(length);
     for (const VMRD_Element* element : array) {
@@ -27,7 +28,8 @@ public:
     }
     AsAdditions() = default;
     ~AsAdditions() {
-        for (auto& [entry, type] : m_Types) entry->m_Type = type;
+        for (auto& [entry, type] : m_Types)
+            entry->m_Type = type;
     }
     AsAdditions(const AsAdditions&) = delete;
     AsAdditions& operator=(const AsAdditions&) = delete;

@@ -37,7 +37,8 @@ std::size_t RecordSize(const tvstring& text) {
     return kRecordHeadSize + text.size() * sizeof(char16_t);
 }
 
-std::size_t ReadRecord(const u8* data, std::size_t remaining, std::size_t present, u16& type, tvstring& text) {
+std::size_t ReadRecord(const u8* data, std::size_t remaining, std::size_t present, u16& type,
+                       tvstring& text) {
     type = 0;
     text.clear();
     if (remaining < kRecordHeadSize) return 0;

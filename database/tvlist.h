@@ -83,7 +83,8 @@ template <typename Element>
 Element* tvlist<Element>::Tail() const noexcept {
     if (m_Tail != nullptr) return m_Tail;
     Element* tail = m_Head;
-    while (tail != nullptr && tail->m_Next != nullptr) tail = tail->m_Next;
+    while (tail != nullptr && tail->m_Next != nullptr)
+        tail = tail->m_Next;
     return tail;
 }
 
@@ -116,5 +117,6 @@ template <typename Element>
 void tvlist<Element>::Relink(std::span<Element* const> order) noexcept {
     m_Count = 0;
     m_Head = m_Tail = nullptr;
-    for (Element* element : order) Append(element);
+    for (Element* element : order)
+        Append(element);
 }

@@ -12,21 +12,24 @@ constexpr std::size_t kHashUnits = kPasswordHashSize / sizeof(char16_t);
 template <typename Element>
 void SaveOrder(const tvlist<Element>& list, std::vector<VMRD_Element*>& order) {
     order.reserve(static_cast<std::size_t>(list.m_Count));
-    for (Element* element = list.m_Head; element != nullptr; element = element->m_Next) order.push_back(element);
+    for (Element* element = list.m_Head; element != nullptr; element = element->m_Next)
+        order.push_back(element);
 }
 
 template <typename Element>
 void RestoreOrder(tvlist<Element>& list, const std::vector<VMRD_Element*>& order) {
     std::vector<Element*> elements;
     elements.reserve(order.size());
-    for (VMRD_Element* element : order) elements.push_back(static_cast<Element*>(element));
+    for (VMRD_Element* element : order)
+        elements.push_back(static_cast<Element*>(element));
     list.Relink(elements);
 }
 
 ElementArray AsElements(const std::vector<VMRD_Object*>& objects) {
     ElementArray elements;
     elements.reserve(objects.size());
-    for (VMRD_Object* object : objects) elements.push_back(static_cast<VMRD_Element*>(object));
+    for (VMRD_Object* object : objects)
+        elements.push_back(static_cast<VMRD_Element*>(object));
     return elements;
 }
 
@@ -112,7 +115,8 @@ int TakeBackMasterPassword(VMRD_UndoRecord& record) {
 
 bool VMRD_Undo::Push(u32 op, u32 kind, VMRD_Object* target, u64 date) {
     if (m_Owner == nullptr || m_Owner != VMRD_DB::Current()) return false;
-    while (m_Records.size() >= static_cast<std::size_t>(m_MaxDepth)) DropOldest();
+    while (m_Records.size() >= static_cast<std::size_t>(m_MaxDepth))
+        DropOldest();
     VMRD_UndoRecord& record = m_Records.emplace_front();
     record.m_Op = op;
     record.m_Kind = kind;

@@ -98,7 +98,7 @@ tvbasic_string<Unit>& tvbasic_string<Unit>::assign_bytes(const void* units, std:
         Release();
         reserve(count);
     }
-    std::memcpy(data(), units, count * sizeof(Unit));
+    if (count != 0) std::memcpy(data(), units, count * sizeof(Unit));
     SetLength(count);
     return *this;
 }

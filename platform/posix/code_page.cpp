@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/memory.h"
 #include "platform/text.h"
 
 namespace platform {
@@ -78,6 +79,7 @@ public:
         const std::int32_t count =
             ucnv_toUChars(m_Converter.get(), out, out == nullptr ? 0 : static_cast<std::int32_t>(capacity),
                           bytes, static_cast<std::int32_t>(length), &status);
+        WipeStack();  // where the text stands that was only measured
         return Result(count, status, out == nullptr);
     }
 

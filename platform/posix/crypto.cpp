@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "platform/fault.h"
+#include "platform/memory.h"
 
 namespace platform {
 namespace {
@@ -25,9 +26,15 @@ struct KeyObject {
     u8 bytes[kKeySize];
 };
 
+// To be called before anything else of the library. Without the system's configuration file: what that loads or
+// switches off must not decide whether a database opens.
+void StartLibrary() noexcept {
+    OPENSSL_init_crypto(OPENSSL_INIT_NO_LOAD_CONFIG, nullptr);
+}
+
 enum class Direction { Decrypt = 0, Encrypt = 1 };
 
-bool Run(const KeyObject& key, Direction direction, const u8* data, std::size_t size, u8* out,
+bool RunLibrary(const KeyObject& key, Direction direction, const u8* data, std::size_t size, u8* out,
          std::size_t& done) noexcept {
     const Context context(EVP_CIPHER_CTX_new());
     if (context == nullptr || size > INT_MAX - kBlockSize) return false;
@@ -43,10 +50,18 @@ bool Run(const KeyObject& key, Direction direction, const u8* data, std::size_t 
     return true;
 }
 
+bool Run(const KeyObject& key, Direction direction, const u8* data, std::size_t size, u8* out,
+         std::size_t& done) noexcept {
+    const bool good = RunLibrary(key, direction, data, size, out, done);
+    WipeStack();
+    return good;
+}
+
 }  // namespace
 
 AesKey MakeAesKey(const u8* key32) noexcept {
     if (FaultFires(FaultPoint::CipherProvider)) return nullptr;
+    StartLibrary();
     auto* key = static_cast<KeyObject*>(OPENSSL_malloc(sizeof(KeyObject)));
     if (key != nullptr) std::copy(key32, key32 + kKeySize, key->bytes);
     return key;
@@ -76,6 +91,7 @@ bool AesDecrypt(AesKey key, const u8* data, std::size_t size, u8* out, std::size
 
 bool RandomBytes(u8* out, std::size_t size) noexcept {
     if (FaultFires(FaultPoint::RandomBytes)) return false;
+    StartLibrary();
     return size <= INT_MAX && RAND_bytes(out, static_cast<int>(size)) == 1;
 }
 

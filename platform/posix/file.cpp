@@ -74,7 +74,7 @@ bool WriteAll(NativeFile file, const u8* bytes, u32 count, u32& done) noexcept {
 
 NativeFile OpenNativeFile(const char16_t* path, FileAccess access, FileSharing sharing) noexcept {
     if (FaultFires(FaultPoint::OpenFile)) return nullptr;
-    // Without O_NONBLOCK the opening of a pipe would wait for its other end.
+    // Without O_NONBLOCK the opening of a pipe would wait for its other end. Reading and writing wait.
     const int flags = access == FileAccess::Read ? O_RDONLY : O_WRONLY | O_CREAT;
     const int descriptor =
         ::open(PathBytes(path).c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, kOwnerOnly);
@@ -86,6 +86,7 @@ NativeFile OpenNativeFile(const char16_t* path, FileAccess access, FileSharing s
         return FailOpening(descriptor);
     }
     if (!LockFor(descriptor, sharing)) return FailOpening(descriptor);
+    if (::fcntl(descriptor, F_SETFL, 0) != 0) return FailOpening(descriptor);
     // Devices and pipes have nothing to empty.
     const bool emptyLater = access == FileAccess::CreateNew && S_ISREG(status.st_mode);
     return new OpenedFile{descriptor, emptyLater};

@@ -137,6 +137,8 @@ PromptResult ReadLine(QuietTerminal& terminal, const SignalWatch& watch, const s
                       std::size_t capacity, std::size_t& length) noexcept {
     while (length < capacity) {
         const int signal = watch.WaitForInput(terminal.Descriptor());
+        // Half an answer would otherwise show up at the shell's prompt.
+        if (signal != 0) ::tcflush(terminal.Descriptor(), TCIFLUSH);
         if (signal == SIGTSTP) {
             s_SignalSeen = 0;
             length = 0;

@@ -5,7 +5,7 @@
 #define UNICODE
 #endif
 #ifndef _UNICODE
-#define _UNICODE  // NOLINT(bugprone-reserved-identifier): the system's own name
+#define _UNICODE  // NOLINT(clang-diagnostic-reserved-macro-identifier): the system's own name
 #endif
 #ifndef WIN32_LEAN_AND_MEAN
 #define WIN32_LEAN_AND_MEAN

@@ -1,0 +1,1 @@
+"""The checks of script/lint, one a module, each with TITLE, MEND and check(project)."""

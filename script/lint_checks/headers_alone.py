@@ -1,0 +1,32 @@
+"""Each header compiles alone, with the warnings of the build."""
+
+import subprocess
+
+from lint_checks.project import ROOMS, Result, in_parallel
+
+TITLE = "each header compiles alone"
+MEND = "Include in the header what it uses, or declare it there."
+
+WARNINGS = ["-Wall", "-Wextra", "-Wpedantic", "-Wconversion", "-Wshadow", "-Werror"]
+NATIVE = "g++"
+WINDOWS = "x86_64-w64-mingw32-g++-posix"
+
+
+def compiler_for(path):
+    return WINDOWS if path.as_posix().startswith("platform/win32/") else NATIVE
+
+
+def diagnostics(project, path):
+    command = [compiler_for(path), "-std=c++20", *WARNINGS, "-fsyntax-only", "-I", str(project.root),
+               "-x", "c++", "-include", str(project.root / path), "/dev/null"]
+    run = subprocess.run(command, capture_output=True, text=True, cwd=project.root, check=False)
+    return None if run.returncode == 0 else run.stderr.strip()
+
+
+def check(project):
+    headers = project.files(ROOMS + ("tests",), {".h"})
+    result = Result(checked=len(headers))
+    for path, output in zip(headers, in_parallel(lambda header: diagnostics(project, header), headers)):
+        if output is not None:
+            result.find(path, output)
+    return result

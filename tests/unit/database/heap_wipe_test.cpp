@@ -1,0 +1,355 @@
+// What a database knew is nowhere in the memory of the process once it is closed.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+
+#include "database/container.h"
+#include "database/database.h"
+#include "database/hash_md5.h"
+#include "foundation/conversion.h"
+#include "foundation/secret_bytes.h"
+#include "foundation/textops.h"
+#include "platform/text.h"
+#include "tests/unit/database/faults.h"
+#include "tests/unit/database/secret_hunter.h"
+#include "tests/unit/test_files.h"
+
+namespace {
+
+using platform::FaultPoint;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+constexpr std::size_t kShort = 7;  // stays inside a tvstring
+constexpr std::size_t kLong = 70;
+
+// The present time, for the date records of the items.
+constexpr u64 kDate = 0x01dc'5a3b'7e91'c2d4;
+
+using Salt = std::array<u8, kSaltSize>;
+
+// Which texts are used; see NothingIsLeftOfAClosedDatabase.
+enum class Round : u32 { Rehearsal, Hunt };
+
+struct Secret {
+    const char* name;
+    u32 number;
+    std::size_t length;
+
+    [[nodiscard]] u32 NumberIn(Round round) const { return number + 1000 * static_cast<u32>(round); }
+    [[nodiscard]] tvstring TextIn(Round round) const { return SecretText(NumberIn(round), length); }
+};
+
+constexpr Secret kPassword{"password", 1, 14};
+constexpr Secret kNextPassword{"next password", 2, 40};
+constexpr Secret kWrongPassword{"wrong password", 3, 14};
+constexpr Secret kDatabaseName{"database name", 10, kLong};
+constexpr Secret kItemName{"item name", 11, kLong};
+constexpr Secret kShortItemName{"short item name", 12, kShort};
+constexpr Secret kOldItemName{"old item name", 13, kLong};
+constexpr Secret kUserName{"user name", 14, kShort};
+constexpr Secret kEntry{"entry", 15, kLong};
+constexpr Secret kOldEntry{"old entry", 16, kShort};
+constexpr Secret kUndoneEntry{"undone entry", 17, kLong};
+constexpr Secret kAddition{"addition", 18, 3000};
+constexpr Secret kShortAddition{"short addition", 19, kShort};
+constexpr Secret kRemovedAddition{"removed addition", 20, kLong};
+
+constexpr Secret kPasswords[] = {kPassword, kNextPassword, kWrongPassword};
+constexpr Secret kTexts[] = {kDatabaseName, kItemName,      kShortItemName,  kOldItemName,
+                             kUserName,     kEntry,         kOldEntry,       kUndoneEntry,
+                             kAddition,     kShortAddition, kRemovedAddition};
+
+// What tests/data/heap_wipe/old.vmr was made of; nothing else may know these texts.
+constexpr Secret kOldFormatPassword{"old format password", 30, 14};
+constexpr Secret kOldFormatTexts[] = {
+    {"old format database name", 31, kLong}, {"old format item name", 32, kShort},
+    {"old format user name", 33, 200},       {"old format entry", 34, kLong},
+    {"old format program", 35, kLong},       {"old format addition", 36, 300},
+};
+
+// Calls far down the stack, so that what is left there is not overwritten by whoever looks for it.
+template <typename Function>
+[[gnu::noinline]] void CallDeepDown(Function function) {
+    volatile u8 gap[0x10000];
+    gap[0] = 1;
+    function();
+    gap[sizeof gap - 1] = gap[0];
+}
+
+Salt SaltOf(const std::vector<u8>& container) {
+    Salt salt{};
+    std::memcpy(salt.data(), container.data() + 8, salt.size());
+    return salt;
+}
+
+class HeapWipeTest : public testing::Test {
+protected:
+    HeapWipeTest() {
+        platform::UseAnsiCodePage(1252);
+        platform::SetClock(kDate, kDate);
+    }
+    ~HeapWipeTest() override { platform::UseAnsiCodePage(0); }
+
+    [[nodiscard]] tvstring Text(const Secret& secret) const { return secret.TextIn(m_Round); }
+
+    // A new database with every secret text in it, some of them in its history alone. Saved.
+    void Make(VMRD_DB& database) const {
+        database.MakeCurrent();
+        database.New(Text(kDatabaseName));
+        database.SetPath(m_Path);
+        database.SetMasterPassword(Text(kPassword));
+        ItemElement* item = database.m_Head;
+        database.ModifyItem(item, Text(kOldItemName), &database);
+        database.ModifyItem(item, Text(kItemName), &database);
+        database.ModifyItem(database.AddNewItem(&database), Text(kShortItemName), &database);
+        database.ModifyEntry(item->m_Head, Text(kUserName), item);
+        database.ModifyEntry(item->m_Tail, Text(kOldEntry), item);
+        database.ModifyEntry(item->m_Tail, Text(kEntry), item);
+        database.ModifyEntry(item->m_Tail, Text(kUndoneEntry), item);
+        database.Undo(nullptr, nullptr);
+        database.AddNewEntry(Text(kAddition), item);
+        database.AddNewEntry(Text(kShortAddition), item);
+        ElementArray removed{database.AddNewEntry(Text(kRemovedAddition), item)};
+        for (EntryElement* entry = item->m_Head; entry != nullptr; entry = entry->m_Next)
+            ElementDisplay(entry);
+        database.RemoveEntries(removed, item);
+        ElementDisplay(item);
+        database.DisplayName();
+        ASSERT_TRUE(database.Save());
+    }
+
+    void Merge(VMRD_DB& database) const {
+        ItemElement* item = database.m_Head;
+        ElementArray entries{item->m_Tail->m_Prev, item->m_Tail};
+        ASSERT_NE(database.MergeEntries(entries, u"", item), nullptr);
+        ElementArray items{database.m_Tail, item};
+        ASSERT_NE(database.MergeItems(items), nullptr);
+        database.Undo(nullptr, nullptr);
+    }
+
+    void Export(VMRD_DB& database) const {
+        for (const bool html : {false, true}) {
+            EXPECT_FALSE(database.BuildExport(html).empty());
+            EXPECT_TRUE(database.Export(m_Folder.Path(u"export.txt"), html));
+        }
+        std::filesystem::remove(test_files::SystemPath(m_Folder.Path(u"export.txt")));
+    }
+
+    // Another container in memory, read by another database.
+    void Carry(const VMRD_DB& database) {
+        const tvdata container = database.Serialize();
+        m_Salts.push_back(SaltOf({container.Data(), container.Data() + container.Size()}));
+        VMRD_DB carrier;
+        std::memcpy(carrier.m_PwdHash, database.m_PwdHash, sizeof carrier.m_PwdHash);
+        EXPECT_TRUE(carrier.Deserialize(container.Data(), container.Size()));
+    }
+
+    void CloseAndRememberSalt(VMRD_DB& database) {
+        database.Close();
+        m_Salts.push_back(SaltOf(ReadBytes(m_Path)));
+    }
+
+    void FailInAllWays(VMRD_DB& database) const {
+        ASSERT_TRUE(database.Open(m_Path, Text(kPassword)));
+        for (const FaultPoint point : {FaultPoint::AllocateZeroed, FaultPoint::CipherProvider,
+                                       FaultPoint::Encrypt, FaultPoint::OpenFile, FaultPoint::WriteFile}) {
+            for (const int after : {0, 1}) {
+                Faults faults;
+                faults.Fail(point, 5, after);
+                database.Save();
+            }
+        }
+        ASSERT_TRUE(database.Save());
+        for (const FaultPoint point : {FaultPoint::AllocateZeroed, FaultPoint::CipherProvider,
+                                       FaultPoint::Decrypt, FaultPoint::ReadFile}) {
+            for (const int after : {0, 1}) {
+                Faults faults;
+                faults.Fail(point, 5, after);
+                database.Open(m_Path, Text(kPassword));
+            }
+        }
+    }
+
+    // One block of the cipher text damaged, another one each time: what stands behind it is decrypted well.
+    void OpenDamaged(VMRD_DB& database) const {
+        const tvstring path = m_Folder.Path(u"damaged.vmr");
+        database.Close();
+        const std::vector<u8> good = ReadBytes(m_Path);
+        for (std::size_t place = kHeaderSize; place < good.size(); place += 16 * 17) {
+            std::vector<u8> bytes = good;
+            bytes[place] ^= 0x10;
+            database.Close();
+            WriteBytes(path, bytes);
+            database.Open(path, Text(kPassword));
+        }
+    }
+
+    void OpenOldFormat(VMRD_DB& database) const {
+        if (m_Round == Round::Rehearsal) {
+            EXPECT_TRUE(database.Open(DataPath(u"database/old-long.vmr"), u"alt"));
+            return;
+        }
+        const tvstring path = DataPath(u"heap_wipe/old.vmr");
+        EXPECT_FALSE(database.Open(path, Text(kWrongPassword)));
+        ASSERT_TRUE(database.Open(path, SecretText(kOldFormatPassword.number, kOldFormatPassword.length)));
+        EXPECT_EQ(database.m_Count, 1);
+        EXPECT_TRUE(database.m_Name == SecretText(31, kLong));
+        EXPECT_TRUE(database.m_Head->m_Tail->m_Text == SecretText(36, 300));
+    }
+
+    // All that a database goes through.
+    void Work() {
+        VMRD_DB database;
+        Make(database);
+        Merge(database);
+        Export(database);
+        Carry(database);
+        CloseAndRememberSalt(database);
+        EXPECT_FALSE(database.Open(m_Path, Text(kWrongPassword)));
+        ASSERT_TRUE(database.Open(m_Path, Text(kPassword)));
+        ASSERT_TRUE(database.SetMasterPassword(Text(kNextPassword)));
+        ASSERT_TRUE(database.Save());
+        database.Undo(nullptr, nullptr);
+        ASSERT_TRUE(database.Save());
+        CloseAndRememberSalt(database);
+        FailInAllWays(database);
+        OpenDamaged(database);
+        OpenOldFormat(database);
+        database.Close();
+    }
+
+    SecretHunter Hunter() const {
+        SecretHunter hunter;
+        for (const Secret& text : kTexts)
+            hunter.AddText(text.name, text.number, text.length);
+        for (const Secret& text : kOldFormatTexts) {
+            hunter.AddText(text.name, text.number, text.length);
+            hunter.AddNarrowText(text.name, text.number, text.length);
+        }
+        for (const Secret& password : kPasswords) {
+            hunter.AddText(password.name, password.NumberIn(m_Round), password.length);
+            hunter.AddNarrowText(std::string(password.name) + " in UTF-8", password.NumberIn(m_Round),
+                                 password.length);
+            SecretBytes<kKeySize> hash;
+            HashPassword(Text(password), hash.Data());
+            hunter.AddBytes(std::string("hash of ") + password.name, hash.Data(), kKeySize);
+            for (const Salt& salt : m_Salts) {
+                SecretBytes<kKeySize> key;
+                DeriveKey(hash.Data(), salt.data(), key.Data());
+                hunter.AddBytes(std::string("key of ") + password.name, key.Data(), kKeySize);
+            }
+        }
+        hunter.AddText(kOldFormatPassword.name, kOldFormatPassword.number, kOldFormatPassword.length);
+        hunter.AddNarrowText(kOldFormatPassword.name, kOldFormatPassword.number, kOldFormatPassword.length);
+        const tvstring date = FormatU64(kDate, U64Format::Hex);
+        hunter.AddBytes("date record", reinterpret_cast<const u8*>(date.data()),
+                        date.size() * sizeof(char16_t));
+        const tvstringA password = ToAnsi(SecretText(kOldFormatPassword.number, kOldFormatPassword.length));
+        SecretBytes<HashMD5::kDigestSize> oldKey;
+        HashMD5 oldHash;
+        oldHash.Update(password.data(), password.size());
+        oldHash.Final(oldKey.Data());
+        hunter.AddBytes("key of the old format", oldKey.Data(), HashMD5::kDigestSize);
+        return hunter;
+    }
+
+    Faults m_Clock;
+    TempFolder m_Folder;
+    tvstring m_Path = m_Folder.Path(u"a.vmr");
+    std::vector<Salt> m_Salts;
+    Round m_Round = Round::Rehearsal;
+};
+
+// The first time that a library's function is called, the dynamic linker puts all vector registers on the
+// stack, and whatever text was moved last is still in them. No program can keep that from happening within
+// libraries that are not its own, so all is done once with other texts before it counts.
+TEST_F(HeapWipeTest, NothingIsLeftOfAClosedDatabase) {
+    std::vector<std::string> found;
+    for (const Round round : {Round::Rehearsal, Round::Hunt}) {
+        m_Round = round;
+        CallDeepDown([this] { Work(); });
+        CallDeepDown([&] { found = Hunter().Find(); });
+    }
+    EXPECT_THAT(found, IsEmpty());
+}
+
+TEST_F(HeapWipeTest, WhatAnOpenDatabaseKnowsIsFound) {
+    VMRD_DB database;
+    CallDeepDown([&] {
+        Make(database);
+        Carry(database);
+    });
+    const std::vector<std::string> found = Hunter().Find();
+    for (const Secret& text : kTexts) {
+        if (text.number == kUndoneEntry.number) continue;
+        EXPECT_THAT(found, Contains(text.name));
+    }
+    EXPECT_THAT(found, Contains("hash of password"));
+    EXPECT_THAT(found, Not(Contains(kUndoneEntry.name)));
+    EXPECT_THAT(found, Not(Contains(kPassword.name)));
+    EXPECT_THAT(found, Not(Contains("password in UTF-8")));
+    EXPECT_THAT(found, Not(Contains("key of password")));
+}
+
+TEST(HeapWipe, TheCipherLeavesNoKey) {
+    SecretHunter hunter;
+    CallDeepDown([&] {
+        SecretBytes<kKeySize> key;
+        for (u32 i = 0; i < kKeySize; ++i)
+            key.Data()[i] = static_cast<u8>(i * i * 3 + 41);
+        hunter.AddBytes("key", key.Data(), kKeySize);
+        const tvdata cipher = Encrypt(key.Data(), kKeySize, key.Data());
+        EXPECT_EQ(Decrypt(cipher.Data(), cipher.Size(), key.Data()).Size(), kKeySize);
+    });
+    EXPECT_THAT(hunter.Find(), IsEmpty());
+}
+
+TEST(SecretHunter, FindsATextUntilItIsWiped) {
+    SecretHunter hunter;
+    hunter.AddText("text", 100, 40);
+    hunter.AddNarrowText("bytes", 100, 40);
+    EXPECT_THAT(hunter.Find(), IsEmpty());
+    auto text = std::make_unique<tvstring>(SecretText(100, 40));
+    EXPECT_THAT(hunter.Find(), ElementsAre("text"));
+    text.reset();
+    EXPECT_THAT(hunter.Find(), IsEmpty());
+}
+
+TEST(SecretHunter, FindsWhatWasFreedWithoutBeingWiped) {
+    SecretHunter hunter;
+    hunter.AddText("text", 101, 3000);
+    {
+        const tvstring text = SecretText(101, 3000);
+        void* block = platform::AllocateZeroed(6000);
+        std::memcpy(block, text.data(), 6000);
+        platform::FreeUnwiped(block, 6000);
+    }
+    EXPECT_THAT(hunter.Find(), ElementsAre("text"));
+}
+
+TEST(SecretHunter, FindsBytesOnTheStack) {
+    SecretHunter hunter;
+    volatile u8 bytes[32];
+    for (std::size_t i = 0; i < sizeof bytes; ++i)
+        bytes[i] = static_cast<u8>(i * i + 77);
+    {
+        u8 masked[32];
+        for (std::size_t i = 0; i < sizeof bytes; ++i)
+            masked[i] = bytes[i];
+        hunter.AddBytes("bytes", masked, sizeof masked);
+        platform::WipeMemory(masked, sizeof masked);
+    }
+    EXPECT_THAT(hunter.Find(), ElementsAre("bytes"));
+    for (volatile u8& byte : bytes)
+        byte = 0;
+    EXPECT_THAT(hunter.Find(), IsEmpty());
+}
+
+}  // namespace

@@ -1,0 +1,29 @@
+// Environment variables for tests.
+#pragma once
+
+#include <cstdlib>
+#include <string>
+
+// Sets a variable of this process until the end of the block.
+class EnvironmentVariable {
+public:
+    EnvironmentVariable(const char* name, const std::string& value) : m_Name(name) { Set(value); }
+    ~EnvironmentVariable() { Set(""); }
+    EnvironmentVariable(const EnvironmentVariable&) = delete;
+    EnvironmentVariable& operator=(const EnvironmentVariable&) = delete;
+
+private:
+    // An empty value removes the variable.
+    void Set(const std::string& value) const {
+#ifdef _WIN32
+        _putenv((m_Name + '=' + value).c_str());
+#else
+        if (value.empty())
+            unsetenv(m_Name.c_str());
+        else
+            setenv(m_Name.c_str(), value.c_str(), 1);
+#endif
+    }
+
+    std::string m_Name;
+};
