@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr std::size_t kBlockSize = 64 * 1024;
+constexpr std::size_t kBlockSize = 65'536;
 constexpr char32_t kReplacement = 0xFFFD;
 
 bool IsContinuation(char byte) noexcept {

@@ -22,7 +22,7 @@ void Fill(VMRD_DB& database, DumpedDatabase& dumped) {
     database.New(dumped.name);
     ElementArray first{database.m_Head};
     ElementQueue items;
-    for (VMRD_Item& item : dumped.items)
+    for (ItemElement& item : dumped.items)
         items.push_back(&item);
     database.AddItems(items, nullptr, &database);
     database.RemoveItems(first, &database);

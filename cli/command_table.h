@@ -40,10 +40,10 @@ enum class OptionTimes : u8 { Once, Any };
 
 struct OptionInfo {
     Option id;
-    char letter;        // of the short form, or 0
-    const char* name;   // of the long form without its dashes, or null
-    const char* value;  // what the value is called, or null for an option without one
+    char letter;  // of the short form, or 0
     OptionTimes times;
+    const char* name;   // of the long form without its dashes
+    const char* value;  // what the value is called, or null for an option without one
     const char* help;
 };
 

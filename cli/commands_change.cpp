@@ -33,7 +33,7 @@ tvstring NewItemSecret(const Invocation& invocation, SecretSource& secrets) {
     constexpr const char* kWhat = "the item's password";
     if (invocation.Has(Option::SecretStdin)) return secrets.InputText(kWhat);
     if (invocation.Has(Option::SecretFile)) {
-        return secrets.FileText(invocation.Value(Option::SecretFile), kWhat);
+        return FileText(invocation.Value(Option::SecretFile), kWhat);
     }
     return {};
 }
@@ -77,7 +77,7 @@ tvstring NewValue(const Invocation& invocation, SecretSource& secrets) {
     constexpr std::size_t kValue = 3;
     if (invocation.Has(Option::ValueStdin)) return secrets.InputText(kWhat);
     if (invocation.Has(Option::ValueFile)) {
-        return secrets.FileText(invocation.Value(Option::ValueFile), kWhat);
+        return FileText(invocation.Value(Option::ValueFile), kWhat);
     }
     if (invocation.CountArguments() > kValue) return TextArgument(invocation.Argument(kValue), kWhat);
     return secrets.TypedTwice("New password of the item: ");

@@ -11,6 +11,7 @@
 #include "foundation/language_check.h"
 #include "foundation/product.h"
 #include "foundation/textfile.h"
+#include "platform/error.h"
 
 namespace {
 
@@ -43,9 +44,10 @@ void RequireReadable(const std::string& path) {
     char byte = 0;
     const platform::InputFile file = platform::OpenInput(platform::PathFromArgument(path).c_str());
     const bool readable = file != platform::kNoInput && platform::ReadInput(file, &byte, 1).has_value();
-    const Failure failure = Failure::OfFile("cannot read " + path);
+    const u32 error = platform::LastError();
     platform::CloseInput(file);
-    if (!readable) throw failure;
+    platform::SetLastError(error);
+    if (!readable) throw Failure::OfFile("cannot read " + path);
 }
 
 // The file laid over the built-in texts.

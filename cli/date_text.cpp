@@ -49,14 +49,15 @@ void AppendNumber(std::string& text, u32 number, std::size_t digits) {
 
 // "2024-09-05" and "12:34:56" with the mark between them.
 std::string FormatSeconds(const platform::CalendarTime& time, char mark) {
-    const struct {
-        int number;
+    struct Part {
         std::size_t digits;
-        char mark;
-    } parts[] = {{time.year, 4, '-'}, {time.month, 2, '-'},  {time.day, 2, mark},
-                 {time.hour, 2, ':'}, {time.minute, 2, ':'}, {time.second, 2, '.'}};
+        int number;
+        char mark;  // behind it
+    };
+    const Part parts[] = {{4, time.year, '-'}, {2, time.month, '-'},  {2, time.day, mark},
+                          {2, time.hour, ':'}, {2, time.minute, ':'}, {2, time.second, '.'}};
     std::string text;
-    for (const auto& part : parts) {
+    for (const Part& part : parts) {
         AppendNumber(text, static_cast<u32>(part.number), part.digits);
         text.push_back(part.mark);
     }

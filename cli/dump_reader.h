@@ -8,7 +8,7 @@
 
 struct DumpedDatabase {
     tvstring name;
-    std::deque<VMRD_Item> items;
+    std::deque<ItemElement> items;
 };
 
 // Members that are not known are passed over. An item without a date takes "modified", or else the present

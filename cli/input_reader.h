@@ -31,7 +31,7 @@ public:
     [[nodiscard]] const std::string& What() const noexcept { return m_What; }
 
 private:
-    static constexpr std::size_t kBufferSize = 16 * 1024;
+    static constexpr std::size_t kBufferSize = 16'384;
 
     bool Fill();
 

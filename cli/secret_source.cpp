@@ -79,7 +79,7 @@ tvstring SecretSource::NewMaster(const std::string& file) {
     return NotEmpty(TypedTwice("New master password of " + file + ": "), kNewMaster);
 }
 
-tvstring SecretSource::FileText(const std::string& path, const char* what) {
+tvstring FileText(const std::string& path, const char* what) {
     InputReader reader(path);
     return Rest(reader, what);
 }

@@ -25,9 +25,7 @@ public:
     // the terminal, asked for twice.
     tvstring NewMaster(const std::string& file);
 
-    // A text from the whole of a file, or from what is left of standard input; one line end at its end is
-    // cut. `what` is what messages call it.
-    tvstring FileText(const std::string& path, const char* what);
+    // What is left of standard input, but for one line end at its end. `what` is what messages call it.
     tvstring InputText(const char* what);
 
     // A secret typed twice on the terminal.
@@ -42,3 +40,6 @@ private:
     const Invocation& m_Invocation;
     InputReader m_Input;
 };
+
+// The text of a whole file, in the same way.
+tvstring FileText(const std::string& path, const char* what);

@@ -2,14 +2,14 @@
 
 std::size_t DecodeUtf8(std::string_view bytes, char32_t& codePoint) noexcept {
     constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
-    const auto lead = bytes.empty() ? 0xFFu : static_cast<unsigned char>(bytes[0]);
+    const auto lead = bytes.empty() ? 0xFFU : static_cast<unsigned char>(bytes[0]);
     const std::size_t length = lead < 0x80 ? 1 : lead < 0xC0 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
     if (length == 0 || lead > 0xF4 || bytes.size() < length) return 0;
-    codePoint = length == 1 ? lead : lead & (0x7Fu >> length);
+    codePoint = length == 1 ? lead : lead & (0x7FU >> length);
     for (std::size_t i = 1; i < length; ++i) {
         const auto byte = static_cast<unsigned char>(bytes[i]);
         if ((byte & 0xC0) != 0x80) return 0;
-        codePoint = (codePoint << 6) | (byte & 0x3Fu);
+        codePoint = (codePoint << 6) | (byte & 0x3FU);
     }
     const bool valid = codePoint >= kSmallest[length] && codePoint <= 0x10FFFF && !IsSurrogate(codePoint);
     return valid ? length : 0;

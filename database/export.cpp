@@ -120,9 +120,10 @@ std::size_t ExpectedSize(const VMRD_DB& database, const ExportTemplate& parts) {
 }
 
 bool WriteAll(const tvhandle& file, std::string_view bytes) {
+    // More than one call can write counts as a short write.
     const auto size = static_cast<u32>(bytes.size());
     u32 done = 0;
-    return platform::WriteNativeFile(file.Get(), bytes.data(), size, done) && done == size;
+    return platform::WriteNativeFile(file.Get(), bytes.data(), size, done) && done == bytes.size();
 }
 
 }  // namespace

@@ -91,9 +91,9 @@ bool ReadBody(tvstream& stream, u32 size, BodyBuffer& buffer) {
     if (!ReadAll(stream, buffer.Data(), kept)) return false;
     u8 filler[1024];
     for (u32 left = size - kept; left > 0;) {
-        const u32 done = stream.Read(filler, std::min<u32>(left, sizeof filler));
-        if (done == 0) return false;
-        left -= done;
+        const u32 part = std::min<u32>(left, sizeof filler);
+        if (!ReadAll(stream, filler, part)) return false;
+        left -= part;
     }
     return true;
 }

@@ -21,25 +21,12 @@ bool IsDefaultFile(const tvstring& file) {
     return EqualNoCase(file, kDefaultFile);
 }
 
-tvstring DefaultLanguageName() {
-    tvstring name = CVMRMLang::LanguageName(CVMRMLang::DefaultText());
-    return name.empty() ? tvstring(kDefaultName) : name;
-}
-
-tvstring ReadDefaultText() {
-    const std::span<const u8> bytes = platform::ResourceBytes(u"LANG", kDefaultFile);
-    tvstring text(bytes.size() / sizeof(char16_t), u'\0');
-    if (text.empty()) return text;
-    std::memcpy(text.data(), bytes.data(), text.size() * sizeof(char16_t));
-    text.erase(0, 1);  // the mark
-    Trim(text, std::u16string_view(u"\0", 1), TRIM_END);
-    return text;
-}
-
 }  // namespace
 
-CVMRMLang::CVMRMLang(tvstring langFolder)
-    : tvmlang(kDefaultLanguageSection), m_Folder(std::move(langFolder)) {
+CVMRMLang::CVMRMLang(tvstring langFolder, tvstring defaultText)
+    : tvmlang(kDefaultLanguageSection),
+      m_Folder(std::move(langFolder)),
+      m_DefaultText(std::move(defaultText)) {
     EnumLanguages();
     for (const LanguageConstant& constant : kLanguageConstants)
         SetConst(constant.key, constant.text);
@@ -52,7 +39,7 @@ bool CVMRMLang::Load(const tvstring& file) {
     const tvstring name = file.empty() ? tvstring(kDefaultFile) : file;
     if (EqualNoCase(name, m_Current)) return true;
     bool loaded = LoadOverlay(JoinPath(m_Folder, name));
-    if ((!loaded || m_Sections.size() <= kPoorTable) && IsDefaultFile(name)) loaded = Parse(DefaultText());
+    if ((!loaded || m_Sections.size() <= kPoorTable) && IsDefaultFile(name)) loaded = Parse(m_DefaultText);
     ++m_LoadCount;
     if (loaded) m_Current = name;
     return !m_Current.empty();
@@ -69,11 +56,22 @@ void CVMRMLang::EnumLanguages() {
         hasDefault = hasDefault || IsDefaultFile(file);
         m_Langs.push_back({file, std::move(language)});
     }
-    if (!hasDefault) m_Langs.insert(m_Langs.begin(), {kDefaultFile, DefaultLanguageName()});
+    if (hasDefault) return;
+    const tvstring name = LanguageName(m_DefaultText);
+    m_Langs.insert(m_Langs.begin(), {kDefaultFile, name.empty() ? tvstring(kDefaultName) : name});
 }
 
 const tvstring& CVMRMLang::DefaultText() {
-    static const tvstring text = ReadDefaultText();
+    static const tvstring text = TextOfResource(platform::ResourceBytes(u"LANG", kDefaultFile));
+    return text;
+}
+
+tvstring CVMRMLang::TextOfResource(std::span<const u8> bytes) {
+    tvstring text(bytes.size() / sizeof(char16_t), u'\0');
+    if (text.empty()) return text;
+    std::memcpy(text.data(), bytes.data(), text.size() * sizeof(char16_t));
+    text.erase(0, 1);  // the mark
+    Trim(text, std::u16string_view(u"\0", 1), TRIM_END);
     return text;
 }
 

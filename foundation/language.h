@@ -1,6 +1,7 @@
 // The program's language: the table in use, the languages to choose from, and the look-up of texts.
 #pragma once
 
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -15,8 +16,9 @@ struct LANGINFO {
 
 class CVMRMLang : public tvmlang {
 public:
-    // Looks for languages in the folder and loads English. It may be a folder that does not exist.
-    explicit CVMRMLang(tvstring langFolder = ProgramPath(u"Lang"));
+    // Looks for languages in the folder and loads English. It may be a folder that does not exist. Without a
+    // default text and an "english.ini" no language is in use.
+    explicit CVMRMLang(tvstring langFolder = ProgramPath(u"Lang"), tvstring defaultText = DefaultText());
 
     // Changes the language to that of a file in the folder; an empty name means "english.ini". Keys that the
     // file lacks keep the texts of the language before. An "english.ini" that is missing, or leaves the table
@@ -31,6 +33,9 @@ public:
     // The text that the program carries in itself, as a file of the folder would hold it. Empty if it carries
     // none.
     static const tvstring& DefaultText();
+
+    // The text that a resource of UTF-16LE holds, without its mark and without zero units at its end.
+    static tvstring TextOfResource(std::span<const u8> bytes);
 
     // Writes the default text to a file, in UTF-16LE with its mark. True on success; missing folders are
     // made.
@@ -52,6 +57,7 @@ private:
     i32 m_LoadCount = 0;
     std::vector<LANGINFO> m_Langs;
     tvstring m_Folder;
+    tvstring m_DefaultText;
 };
 
 // The one language of the process, made on first use.

@@ -55,8 +55,7 @@ tvstring ReadTextFile(const tvstring& path) {
     constexpr u32 kTerminator = 3;  // a zero unit, also behind an odd number of bytes
     constexpr u64 kLargestFile = std::numeric_limits<i32>::max() - kTerminator;  // a text can be no longer
     tvstream file;
-    if (!file.OpenFile(OpenFileHandle(path, false)) || file.Size() == 0 ||
-        file.Size() > kLargestFile) {
+    if (!file.OpenFile(OpenFileHandle(path, false)) || file.Size() == 0 || file.Size() > kLargestFile) {
         return {};
     }
     const auto size = static_cast<u32>(file.Size());

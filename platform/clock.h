@@ -20,8 +20,8 @@ struct CalendarTime {
     u32 ticks;  // of the running second, below 10,000,000
 };
 
-// Ticks to calendar and back, without time zones. False for ticks from 2^63 on, and for a calendar time with a
-// year outside 1601 to 30827 or any other number that the calendar does not have.
+// Ticks to calendar and back, without time zones. False for ticks from 2^63 on, and for a calendar time with
+// a year outside 1601 to 30827 or any other number that the calendar does not have.
 bool TicksToCalendar(u64 ticks, CalendarTime& out) noexcept;
 bool CalendarToTicks(const CalendarTime& time, u64& out) noexcept;
 

@@ -1,6 +1,6 @@
 // Fault points: places in the platform layer where a test can make the system fail or see what it does.
-// Programs are linked with a platform library in which a fault point never fires; tests link the variant built
-// with VAULTMERE_FAULTS, which takes its orders through the second half of this header.
+// Programs are linked with a platform library in which a fault point never fires; tests link the variant
+// built with VAULTMERE_FAULTS, which takes its orders through the second half of this header.
 #pragma once
 
 #include "platform/types.h"

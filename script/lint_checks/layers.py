@@ -1,6 +1,6 @@
 """A room includes only rooms below it, and always by the path from the root."""
 
-from lint_checks.project import Result
+from lint_checks.project import LOGIC, SETTINGS, THEMES, Result
 
 TITLE = "layer order"
 MEND = ("Move what is asked for into a room that both may include, or hand it in from above. "
@@ -9,10 +9,10 @@ MEND = ("Move what is asked for into a room that both may include, or hand it in
 PLATFORM = ("platform/",)
 FOUNDATION = PLATFORM + ("foundation/",)
 DATABASE = FOUNDATION + ("database/",)
-TOOLKIT = FOUNDATION + ("toolkit/",)  # beside database: neither knows of the other
-LOGIC = DATABASE + ("windows/logic/",)
-SETTINGS = LOGIC + ("shell/data/",)
-WINDOWS = SETTINGS + ("toolkit/", "windows/")
+BELOW_LOGIC = DATABASE + THEMES
+BELOW_SETTINGS = BELOW_LOGIC + LOGIC
+TOOLKIT = FOUNDATION + THEMES + ("toolkit/",)  # beside database: neither knows of the other
+WINDOWS = BELOW_SETTINGS + SETTINGS + ("toolkit/", "windows/")
 
 # What a file below the first path may include. The longest path counts.
 ALLOWED = {
@@ -20,11 +20,12 @@ ALLOWED = {
     "foundation/": FOUNDATION,
     "database/": DATABASE,
     "toolkit/": TOOLKIT,
-    "windows/logic/": LOGIC,
-    "shell/data/": SETTINGS,
     "windows/": WINDOWS,
     "shell/": WINDOWS + ("shell/",),
-    "cli/": LOGIC + ("cli/",),
+    "cli/": BELOW_SETTINGS + SETTINGS + ("cli/",),
+    **dict.fromkeys(THEMES, FOUNDATION + THEMES),
+    **dict.fromkeys(LOGIC, BELOW_LOGIC + LOGIC),
+    **dict.fromkeys(SETTINGS, BELOW_SETTINGS + SETTINGS),
 }
 
 # The two systems' own halves of platform are nobody else's business.

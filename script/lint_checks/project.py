@@ -8,8 +8,14 @@ import re
 
 ROOMS = ("platform", "foundation", "database", "toolkit", "windows", "shell", "cli")
 
-# Rooms, and folders in rooms, that must build without any system's headers.
-CORE = ("foundation/", "database/", "windows/logic/", "shell/data/", "cli/")
+# What needs no window in the rooms that have windows: colour themes, the logic of search, sort and generator,
+# the settings and the recent list. Each entry is the start of a path.
+THEMES = ("toolkit/color_theme.", "toolkit/theme_list.")
+LOGIC = tuple(f"windows/{name}." for name in ("generator", "item_view", "search", "sort", "text_finder"))
+SETTINGS = tuple(f"shell/{name}." for name in ("app_settings", "recent_list"))
+
+# The core: what must build for every system, from nothing but the standard library and platform/.
+CORE = ("foundation/", "database/", *THEMES, *LOGIC, *SETTINGS, "cli/")
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 COMMENT_OR_LITERAL = re.compile(

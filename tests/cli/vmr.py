@@ -43,7 +43,7 @@ DATE = "0x01dafebeb8f8f480"
 REPOSITORY = Path(__file__).resolve().parents[2]
 
 # A program that waits for something that never comes must not hold up the rest.
-PATIENCE = 60
+PATIENCE = 30
 
 
 @dataclass

@@ -93,6 +93,13 @@ class Stages(CountingTest):
     def test_that_end_badly_have_failed_whatever_they_say(self):
         self.assertEqual(self.totals('sh -c "echo 3 passed, 0 failed; exit 1"'), "3 1")
 
+    def test_that_failed_show_failing_tests_and_the_one_that_broke_off(self):
+        output = GTEST + "what went wrong\n[  FAILED  ] A.Two (1 ms)\n[ RUN      ] A.Three\n"
+        (self.folder / "out").write_text(output)
+        self.assertEqual(self.bash(f"without_successes <{self.folder}/out"),
+                         "[ RUN      ] A.Two\nwhat went wrong\n[  FAILED  ] A.Two (1 ms)\n"
+                         "[ RUN      ] A.Three\n")
+
     def test_that_failed_show_what_they_printed(self):
         shown = self.bash('stage title sh -c "echo what went wrong; exit 1"')
         self.assertIn("    what went wrong\n", shown)

@@ -72,8 +72,13 @@ class LayerOrder(LintTest):
         self.assert_finds(layers, "toolkit/button.cpp", "may not include")
 
     def test_keeps_logic_free_of_windows(self):
-        self.write("windows/logic/sort.cpp", '#include "toolkit/button.h"\n')
-        self.assert_finds(layers, "windows/logic/sort.cpp", "windows/logic/ may not include")
+        self.write("windows/sort.cpp", '#include "toolkit/button.h"\n')
+        self.assert_finds(layers, "windows/sort.cpp", "windows/sort. may not include")
+
+    def test_lets_a_window_include_logic_and_controls(self):
+        self.write("windows/sort.h", '#include "database/model.h"\n')
+        self.write("windows/list.cpp", '#include "toolkit/button.h"\n#include "windows/sort.h"\n')
+        self.assert_clean(layers)
 
     def test_finds_another_room_asking_for_a_systems_half_of_platform(self):
         self.write("foundation/text.cpp", '#include "platform/posix/mine.h"\n')

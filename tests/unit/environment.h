@@ -1,7 +1,6 @@
 // Environment variables for tests.
 #pragma once
 
-#include <cstdlib>
 #include <string>
 
 // Sets a variable of this process until the end of the block.
@@ -14,16 +13,7 @@ public:
 
 private:
     // An empty value removes the variable.
-    void Set(const std::string& value) const {
-#ifdef _WIN32
-        _putenv((m_Name + '=' + value).c_str());
-#else
-        if (value.empty())
-            unsetenv(m_Name.c_str());
-        else
-            setenv(m_Name.c_str(), value.c_str(), 1);
-#endif
-    }
+    void Set(const std::string& value) const;
 
     std::string m_Name;
 };

@@ -165,9 +165,11 @@ TEST_F(DeserializeTest, RefusesFortyOneBytesAtDecryption) {
     EXPECT_FALSE(Take(bytes));
 }
 
-TEST_F(DeserializeTest, RefusesEverythingWithoutAMasterPassword) {
+TEST_F(DeserializeTest, RefusesWithoutAMasterPasswordEvenWhatWouldDecrypt) {
     std::ranges::fill(m_Database.m_PwdHash, u8{0});
-    EXPECT_FALSE(TakeStream(Stream({{1, u"n"}})));
+    const std::vector<u8> stream = Stream({{1, u"n"}});
+    EXPECT_FALSE(Take(MadeContainer(stream, static_cast<u32>(stream.size()), m_Database.m_PwdHash)));
+    EXPECT_FALSE(TakeStream(stream));
 }
 
 TEST_F(DeserializeTest, RefusesAnotherMagic) {

@@ -10,6 +10,7 @@
 
 #include "database/database.h"
 #include "foundation/conversion.h"
+#include "foundation/language.h"
 #include "foundation/path.h"
 #include "foundation/textops.h"
 #include "platform/error.h"
@@ -109,6 +110,35 @@ TEST(BuildExport, TitleIsTheNameEvenIfThatIsEmpty) {
     VMRD_DB database;
     database.m_Path = u"file.vmr";
     EXPECT_TRUE(Exported(database, CSV).starts_with("\"\",,,,\r\n"));
+}
+
+// A text of the language in use, changed until the end of the block.
+class ChangedText {
+public:
+    ChangedText(std::u16string_view section, std::u16string_view key, std::u16string_view text)
+        : m_Section(section), m_Key(key), m_Before(Language().Get(section, key)) {
+        Language().Set(section, key, text);
+    }
+    ~ChangedText() { Language().Set(m_Section, m_Key, m_Before); }
+    ChangedText(const ChangedText&) = delete;
+    ChangedText& operator=(const ChangedText&) = delete;
+
+private:
+    std::u16string_view m_Section;
+    std::u16string_view m_Key;
+    tvstring m_Before;
+};
+
+TEST(BuildExport, LabelsAreOfTheLanguageAndTreatedLikeOtherTexts) {
+    const ChangedText program(u"itemdetail", u"program", u"<P> & \"D\":");
+    const ChangedText addition(u"itemdetail", u"addition", u"\"A\"");
+    const VMRD_DB database;
+    EXPECT_EQ(Exported(database, CSV),
+              "\"\",,,,\r\n\"\",\"<P> & \"\"D\"\":\",\"Username:\",\"Password:\",\"\"\"A\"\"\"\r\n");
+    EXPECT_NE(Exported(database, HTML)
+                  .find("<tr><td></td>\r\n<td>&lt;P&gt; &amp; &quot;D&quot;:</td>\r\n<td>Username:</td>\r\n"
+                        "<td>Password:</td>\r\n<td>&quot;A&quot;</td></tr>\r\n</table>"),
+              std::string::npos);
 }
 
 TEST(BuildExport, DoubleQuotesAreDoubledInCsv) {
@@ -363,10 +393,13 @@ TEST_F(ExportFile, WhoseTextCannotBeWrittenStaysPartly) {
     }
 }
 
-TEST_F(ExportFile, OfHtmlFailsIfItsTextCannotBeWritten) {
+TEST_F(ExportFile, OfHtmlFailsIfItsTextCannotBeWrittenAndStaysPartly) {
+    const std::string whole = Exported(m_Database, HTML);
     for (const FaultPoint point : {FaultPoint::WriteFile, FaultPoint::ShortWrite}) {
         platform::OrderFault(point, platform::kErrorDiskFull);
         EXPECT_FALSE(m_Database.Export(m_Path, HTML));
+        EXPECT_GT(Content().size(), 0U);
+        EXPECT_LT(Content().size(), whole.size());
     }
 }
 

@@ -13,6 +13,7 @@
 #include "foundation/conversion.h"
 #include "foundation/secret_bytes.h"
 #include "foundation/textops.h"
+#include "platform/crypto.h"
 #include "platform/text.h"
 #include "tests/unit/database/faults.h"
 #include "tests/unit/database/secret_hunter.h"
@@ -46,9 +47,9 @@ struct Secret {
     [[nodiscard]] tvstring TextIn(Round round) const { return SecretText(NumberIn(round), length); }
 };
 
-constexpr Secret kPassword{"password", 1, 14};
+constexpr Secret kPassword{"password", 1, 30};
 constexpr Secret kNextPassword{"next password", 2, 40};
-constexpr Secret kWrongPassword{"wrong password", 3, 14};
+constexpr Secret kWrongPassword{"wrong password", 3, 30};
 constexpr Secret kDatabaseName{"database name", 10, kLong};
 constexpr Secret kItemName{"item name", 11, kLong};
 constexpr Secret kShortItemName{"short item name", 12, kShort};
@@ -67,11 +68,24 @@ constexpr Secret kTexts[] = {kDatabaseName, kItemName,      kShortItemName,  kOl
                              kAddition,     kShortAddition, kRemovedAddition};
 
 // What tests/data/heap_wipe/old.vmr was made of; nothing else may know these texts.
-constexpr Secret kOldFormatPassword{"old format password", 30, 14};
+constexpr Secret kOldFormatPassword{"old format password", 30, 30};
 constexpr Secret kOldFormatTexts[] = {
     {"old format database name", 31, kLong}, {"old format item name", 32, kShort},
     {"old format user name", 33, 200},       {"old format entry", 34, kLong},
     {"old format program", 35, kLong},       {"old format addition", 36, 300},
+};
+
+struct Failure {
+    enum Operation { Save, Open } of;
+    FaultPoint point;
+    int after;
+};
+constexpr Failure kFailures[] = {
+    {Failure::Open, FaultPoint::ReadFile, 1},       {Failure::Open, FaultPoint::AllocateZeroed, 1},
+    {Failure::Open, FaultPoint::CipherProvider, 0}, {Failure::Open, FaultPoint::Decrypt, 0},
+    {Failure::Open, FaultPoint::Decrypt, 1},        {Failure::Save, FaultPoint::CipherProvider, 0},
+    {Failure::Save, FaultPoint::Encrypt, 0},        {Failure::Save, FaultPoint::Encrypt, 1},
+    {Failure::Save, FaultPoint::OpenFile, 0},       {Failure::Save, FaultPoint::WriteFile, 0},
 };
 
 // Calls far down the stack, so that what is left there is not overwritten by whoever looks for it.
@@ -156,25 +170,15 @@ protected:
         m_Salts.push_back(SaltOf(ReadBytes(m_Path)));
     }
 
-    void FailInAllWays(VMRD_DB& database) const {
-        ASSERT_TRUE(database.Open(m_Path, Text(kPassword)));
-        for (const FaultPoint point : {FaultPoint::AllocateZeroed, FaultPoint::CipherProvider,
-                                       FaultPoint::Encrypt, FaultPoint::OpenFile, FaultPoint::WriteFile}) {
-            for (const int after : {0, 1}) {
-                Faults faults;
-                faults.Fail(point, 5, after);
-                database.Save();
-            }
+    // A save or an opening that fails, and nothing after it that would use the memory again.
+    void Fail(VMRD_DB& database, const Failure& failure) const {
+        Faults faults;
+        if (failure.of == Failure::Save) {
+            ASSERT_TRUE(database.Open(m_Path, Text(kPassword)));
         }
-        ASSERT_TRUE(database.Save());
-        for (const FaultPoint point : {FaultPoint::AllocateZeroed, FaultPoint::CipherProvider,
-                                       FaultPoint::Decrypt, FaultPoint::ReadFile}) {
-            for (const int after : {0, 1}) {
-                Faults faults;
-                faults.Fail(point, 5, after);
-                database.Open(m_Path, Text(kPassword));
-            }
-        }
+        faults.Fail(failure.point, 5, failure.after);
+        EXPECT_FALSE(failure.of == Failure::Save ? database.Save() : database.Open(m_Path, Text(kPassword)));
+        database.Close();
     }
 
     // One block of the cipher text damaged, another one each time: what stands behind it is decrypted well.
@@ -204,31 +208,41 @@ protected:
         EXPECT_TRUE(database.m_Head->m_Tail->m_Text == SecretText(36, 300));
     }
 
-    // All that a database goes through.
-    void Work() {
-        VMRD_DB database;
-        Make(database);
-        Merge(database);
-        Export(database);
-        Carry(database);
-        CloseAndRememberSalt(database);
+    void OpenWithOtherPasswords(VMRD_DB& database) const {
         EXPECT_FALSE(database.Open(m_Path, Text(kWrongPassword)));
         ASSERT_TRUE(database.Open(m_Path, Text(kPassword)));
         ASSERT_TRUE(database.SetMasterPassword(Text(kNextPassword)));
         ASSERT_TRUE(database.Save());
         database.Undo(nullptr, nullptr);
         ASSERT_TRUE(database.Save());
+    }
+
+    // The parts of what a database goes through; each begins with it closed.
+    static constexpr std::size_t kParts = 5;
+    void Work(std::size_t part) {
+        VMRD_DB database;
+        database.MakeCurrent();
+        if (part == 0) {
+            Make(database);
+            Merge(database);
+        } else if (part == 1) {
+            ASSERT_TRUE(database.Open(m_Path, Text(kPassword)));
+            Export(database);
+            Carry(database);
+        } else if (part == 2) {
+            OpenWithOtherPasswords(database);
+        } else if (part == 3) {
+            OpenDamaged(database);
+        } else {
+            OpenOldFormat(database);
+        }
         CloseAndRememberSalt(database);
-        FailInAllWays(database);
-        OpenDamaged(database);
-        OpenOldFormat(database);
-        database.Close();
     }
 
     SecretHunter Hunter() const {
         SecretHunter hunter;
         for (const Secret& text : kTexts)
-            hunter.AddText(text.name, text.number, text.length);
+            hunter.AddText(text.name, text.NumberIn(m_Round), text.length);
         for (const Secret& text : kOldFormatTexts) {
             hunter.AddText(text.name, text.number, text.length);
             hunter.AddNarrowText(text.name, text.number, text.length);
@@ -271,13 +285,33 @@ protected:
 // stack, and whatever text was moved last is still in them. No program can keep that from happening within
 // libraries that are not its own, so all is done once with other texts before it counts.
 TEST_F(HeapWipeTest, NothingIsLeftOfAClosedDatabase) {
-    std::vector<std::string> found;
     for (const Round round : {Round::Rehearsal, Round::Hunt}) {
         m_Round = round;
-        CallDeepDown([this] { Work(); });
-        CallDeepDown([&] { found = Hunter().Find(); });
+        for (std::size_t part = 0; part < kParts; ++part) {
+            std::vector<std::string> found;
+            CallDeepDown([this, part] { Work(part); });
+            CallDeepDown([this, &found] { found = Hunter().Find(); });
+            if (round == Round::Rehearsal) continue;
+            EXPECT_THAT(found, IsEmpty()) << "after part " << part;
+        }
     }
-    EXPECT_THAT(found, IsEmpty());
+}
+
+TEST_F(HeapWipeTest, NothingIsLeftOfAFailure) {
+    for (const Round round : {Round::Rehearsal, Round::Hunt}) {
+        m_Round = round;
+        CallDeepDown([this] { Work(0); });
+        for (const Failure& failure : kFailures) {
+            std::vector<std::string> found;
+            CallDeepDown([this, &failure] {
+                VMRD_DB database;
+                Fail(database, failure);
+            });
+            CallDeepDown([this, &found] { found = Hunter().Find(); });
+            if (round == Round::Rehearsal) continue;
+            EXPECT_THAT(found, IsEmpty()) << "after failure " << &failure - kFailures;
+        }
+    }
 }
 
 TEST_F(HeapWipeTest, WhatAnOpenDatabaseKnowsIsFound) {
@@ -298,17 +332,56 @@ TEST_F(HeapWipeTest, WhatAnOpenDatabaseKnowsIsFound) {
     EXPECT_THAT(found, Not(Contains("key of password")));
 }
 
+// Many key objects at a time: the first ones that are freed are soon used again.
 TEST(HeapWipe, TheCipherLeavesNoKey) {
     SecretHunter hunter;
     CallDeepDown([&] {
-        SecretBytes<kKeySize> key;
+        SecretBytes<kKeySize> bytes;
         for (u32 i = 0; i < kKeySize; ++i)
-            key.Data()[i] = static_cast<u8>(i * i * 3 + 41);
-        hunter.AddBytes("key", key.Data(), kKeySize);
-        const tvdata cipher = Encrypt(key.Data(), kKeySize, key.Data());
-        EXPECT_EQ(Decrypt(cipher.Data(), cipher.Size(), key.Data()).Size(), kKeySize);
+            bytes.Data()[i] = static_cast<u8>(i * i * 3 + 41);
+        hunter.AddBytes("key", bytes.Data(), kKeySize);
+        std::vector<platform::AesKey> keys(50);
+        for (platform::AesKey& key : keys) {
+            u8 block[16] = {};
+            std::size_t done = 0;
+            key = platform::MakeAesKey(bytes.Data());
+            EXPECT_TRUE(platform::AesEncrypt(key, block, 15, block, sizeof block, done));
+        }
+        for (platform::AesKey key : keys)
+            platform::DestroyAesKey(key);
     });
     EXPECT_THAT(hunter.Find(), IsEmpty());
+}
+
+TEST(HeapWipe, TheHashLeavesNoDigest) {
+    SecretHunter hunter;
+    CallDeepDown([&] {
+        SecretBytes<kKeySize> digest;
+        HashPassword(SecretText(102, 40), digest.Data());
+        hunter.AddBytes("digest", digest.Data(), kKeySize);
+    });
+    hunter.AddText("text", 102, 40);
+    hunter.AddNarrowText("bytes", 102, 40);
+    EXPECT_THAT(hunter.Find(), IsEmpty());
+}
+
+TEST(HeapWipe, ConversionsLeaveNoText) {
+    platform::UseAnsiCodePage(1252);
+    for (const u32 number : {103, 104}) {  // see NothingIsLeftOfAClosedDatabase
+        CallDeepDown([&] {
+            const tvstring text = SecretText(number, 900);
+            const tvstringA ansi = ToAnsi(text);
+            const tvstring back(ansi.data(), ansi.size());
+            const tvstringA utf8 = ToUtf8(text);
+            EXPECT_TRUE(back == text);
+            EXPECT_TRUE(FromUtf8(utf8) == text);
+        });
+    }
+    SecretHunter hunter;
+    hunter.AddText("text", 104, 900);
+    hunter.AddNarrowText("bytes", 104, 900);
+    EXPECT_THAT(hunter.Find(), IsEmpty());
+    platform::UseAnsiCodePage(0);
 }
 
 TEST(SecretHunter, FindsATextUntilItIsWiped) {

@@ -30,20 +30,25 @@ inline std::vector<u8> Stream(std::initializer_list<std::pair<u16, std::u16strin
     return stream;
 }
 
-// A container of the stream under kPassword and a salt of 0, 1, .. 31, with a plain size of one's choice.
-inline std::vector<u8> MadeContainer(const std::vector<u8>& stream, u32 plainSize) {
+// A container of the stream under a password's hash and a salt of 0, 1, .. 31.
+inline std::vector<u8> MadeContainer(const std::vector<u8>& stream, u32 plainSize, const u8* pwdHash32) {
     std::vector<u8> bytes(kHeaderSize);
     std::memcpy(bytes.data(), kMagic, sizeof kMagic);
     std::memcpy(bytes.data() + 4, &plainSize, sizeof plainSize);
     for (u8 i = 0; i < kSaltSize; ++i)
         bytes[8 + i] = i;
-    SecretBytes<kKeySize> hash;
     SecretBytes<kKeySize> key;
-    HashPassword(kPassword, hash.Data());
-    DeriveKey(hash.Data(), bytes.data() + 8, key.Data());
+    DeriveKey(pwdHash32, bytes.data() + 8, key.Data());
     const tvdata cipher = Encrypt(stream.data(), stream.size(), key.Data());
     bytes.insert(bytes.end(), cipher.Data(), cipher.Data() + cipher.Size());
     return bytes;
+}
+
+// The same under kPassword.
+inline std::vector<u8> MadeContainer(const std::vector<u8>& stream, u32 plainSize) {
+    u8 hash[kKeySize];
+    HashPassword(kPassword, hash);
+    return MadeContainer(stream, plainSize, hash);
 }
 inline std::vector<u8> MadeContainer(const std::vector<u8>& stream) {
     return MadeContainer(stream, static_cast<u32>(stream.size()));

@@ -60,6 +60,7 @@ protected:
     OldFile() : m_File(m_Folder.Path(u"old.vmr")) {}
     ~OldFile() override {
         platform::ClearFaults();
+        platform::ClearClock();
         platform::UseAnsiCodePage(0);
     }
 
@@ -126,6 +127,15 @@ TEST_F(OldFile, IsOpenAndChangedWithoutPathPasswordAndFile) {
     EXPECT_EQ(platform::LastError(), kSomeError);
 }
 
+TEST_F(OldFile, ForgetsPathAndHistory) {
+    m_Database.MakeCurrent();
+    m_Database.m_Path = u"before.vmr";
+    ASSERT_TRUE(m_Database.m_Undo.Push(UNDO_MODIFY, UNDO_DB_NAME, &m_Database, 0));
+    ASSERT_TRUE(Open(File("Private", kPassword, {LongBody(Mail())})));
+    EXPECT_TRUE(m_Database.m_Path.empty());
+    EXPECT_EQ(m_Database.m_Undo.Count(), 0U);
+}
+
 TEST_F(OldFile, LetsGoOfTheFile) {
     ASSERT_TRUE(Open(File("Private", kPassword, {LongBody(Mail())})));
     EXPECT_TRUE(OpenFileHandle(m_File, true));
@@ -172,6 +182,8 @@ TEST_F(OldFile, DateOfEveryItemIsTheLastWriteInUtc) {
     const u64 expected = platform::SystemTimeTicks() - 1000 * kTicksAnHour;
     EXPECT_NEAR(static_cast<double>(written), static_cast<double>(expected), 60e7);
 
+    // A place five hours ahead of UTC.
+    platform::SetClock(expected + 5 * kTicksAnHour, expected);
     ASSERT_TRUE(m_Database.OpenOld(m_File, kPasswordText));
     EXPECT_EQ(m_Database.m_Head->m_Date, written);
     EXPECT_EQ(m_Database.m_Tail->m_Date, written);
@@ -190,6 +202,20 @@ TEST_F(OldFile, IsOpenedByOpenThatTellsItByItsMagic) {
     EXPECT_EQ(NamesOf(m_Database), u"Mail ");
     EXPECT_TRUE(m_Database.m_Path.empty());
     EXPECT_EQ(platform::LastError(), 0U);
+}
+
+TEST_F(OldFile, OpenedInPlaceOfAnotherDatabaseTakesNothingOver) {
+    ASSERT_TRUE(m_Database.New(u"before"));
+    m_Database.SetMasterPassword(u"new");
+    m_Database.SetPath(m_Folder.Path(u"before.vmr"));
+    ASSERT_TRUE(m_Database.Save());
+    WriteBytes(m_File, File("Private", kPassword, {LongBody(Mail())}));
+    ASSERT_TRUE(m_Database.Open(m_File, kPasswordText));
+    EXPECT_EQ(m_Database.DisplayName(), u"Private");
+    EXPECT_EQ(NamesOf(m_Database), u"Mail ");
+    EXPECT_TRUE(m_Database.m_Path.empty());
+    EXPECT_FALSE(m_Database.HasMasterPassword());
+    EXPECT_FALSE(m_Database.m_File);
 }
 
 TEST_F(OldFile, OfAWrongPasswordLeavesOpenWithNoError) {
@@ -306,6 +332,10 @@ TEST_F(OldFile, PasswordOutsideTheCodePageIsHashedWithItsReplacements) {
     EXPECT_TRUE(Open(File("Private", "a?b", {LongBody(Mail())}), u"a\u05d0b"));
     m_Database.Close();
     EXPECT_TRUE(Open(File("Private", "??", {LongBody(Mail())}), u"\U0001F511"));
+}
+
+TEST_F(OldFile, KeyOfNoPasswordIsThatOfNoBytes) {
+    EXPECT_TRUE(Open(File("Private", "", {LongBody(Mail())}), u""));
 }
 
 TEST_F(OldFile, PasswordInAnotherCaseIsRefused) {
@@ -578,6 +608,15 @@ TEST_F(OldFile, ItemWithAShortReadIsSkipped) {
     Bytes file = File("Private", kPassword, {LongBody(Shop()), LongBody(Mail())});
     platform::OrderFault(FaultPoint::ShortRead, 0, kReadsOfTheHead + 3);
     ASSERT_TRUE(Open(file));
+    EXPECT_EQ(NamesOf(m_Database), u"Shop ");
+}
+
+TEST_F(OldFile, ItemWithAShortReadInItsFillerIsSkipped) {
+    constexpr int kReadsOfTheHead = 5;
+    Bytes filled = LongBody(Mail());
+    filled.resize(8192);
+    platform::OrderFault(FaultPoint::ShortRead, 0, kReadsOfTheHead + 4);
+    ASSERT_TRUE(Open(File("Private", kPassword, {LongBody(Shop()), filled})));
     EXPECT_EQ(NamesOf(m_Database), u"Shop ");
 }
 

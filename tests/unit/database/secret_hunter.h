@@ -37,7 +37,8 @@ inline tvstring SecretText(u32 number, std::size_t length) {
 
 class SecretHunter {
 public:
-    // Looks for a text of SecretText. Of a long one, for pieces of it: what is freed may lose some bytes.
+    // Looks for a text of SecretText, of at least kPiece bytes. Of a longer one, for pieces of it: an
+    // allocator overwrites some bytes of what is freed, at its start.
     void AddText(const std::string& name, u32 number, std::size_t length) {
         std::vector<u8> masked;
         SecretLetters letters(number);
@@ -47,7 +48,7 @@ public:
         }
         AddPieces(name, masked);
     }
-    // The same text as bytes of one letter each.
+    // The same text as bytes of one letter each. What is shorter than kPiece is no secret, but a coincidence.
     void AddNarrowText(const std::string& name, u32 number, std::size_t length) {
         std::vector<u8> masked;
         SecretLetters letters(number);
@@ -96,12 +97,15 @@ private:
     };
 
     void AddPieces(const std::string& name, const std::vector<u8>& masked) {
-        for (std::size_t start = 0; start + kPiece <= masked.size(); start += kPiece) {
-            const auto from = masked.begin() + static_cast<std::ptrdiff_t>(start);
-            std::size_t& first = FirstFor(masked[start] ^ kMask, masked[start + 1] ^ kMask);
-            m_Needles.push_back({name, std::vector<u8>(from, from + kPiece), first});
-            first = m_Needles.size() - 1;
-        }
+        for (std::size_t start = 0; start + kPiece <= masked.size(); start += kPiece)
+            AddPiece(name, masked, start);
+        if (masked.size() > kPiece) AddPiece(name, masked, masked.size() - kPiece);
+    }
+    void AddPiece(const std::string& name, const std::vector<u8>& masked, std::size_t start) {
+        const auto from = masked.begin() + static_cast<std::ptrdiff_t>(start);
+        std::size_t& first = FirstFor(masked[start] ^ kMask, masked[start + 1] ^ kMask);
+        m_Needles.push_back({name, std::vector<u8>(from, from + kPiece), first});
+        first = m_Needles.size() - 1;
     }
     std::size_t& FirstFor(int first, int second) {
         return m_FirstWith[static_cast<std::size_t>(first | second << 8)];

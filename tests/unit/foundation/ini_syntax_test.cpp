@@ -76,6 +76,10 @@ TEST(GetLogicalLine, StopsAtAnEmptySectionHead) {
     EXPECT_EQ(LogicalLines(u"a = b\n[]\n"), (Lines{u"a = b", u"[]"}));
 }
 
+TEST(GetLogicalLine, StopsAtASectionHeadThatContinues) {
+    EXPECT_EQ(LogicalLines(u"a = b\n[c]\\\nd = e"), (Lines{u"a = b", u"[c] d = e"}));
+}
+
 TEST(GetLogicalLine, JoinsALoneBracket) {
     EXPECT_EQ(LogicalLines(u"a = b\n[\n]\n[c"), (Lines{u"a = b [ ] [c"}));
 }

@@ -94,6 +94,20 @@ TEST(DefaultText, IsKept) {
     EXPECT_EQ(&CVMRMLang::DefaultText(), &CVMRMLang::DefaultText());
 }
 
+TEST(TextOfResource, CutsTheMarkAndZeroUnitsAtTheEnd) {
+    const std::vector<u8> bytes = {0xFF, 0xFE, 'a', 0, 0, 0, 'b', 1, 0, 0, 0, 0};
+    EXPECT_EQ(CVMRMLang::TextOfResource(bytes), std::u16string_view(u"a\0\u0162", 3));
+}
+
+TEST(TextOfResource, CountsWholeUnits) {
+    EXPECT_EQ(CVMRMLang::TextOfResource(std::vector<u8>{0xFF, 0xFE, 'a', 0, 'b'}), u"a");
+}
+
+TEST(TextOfResource, IsEmptyWithoutUnits) {
+    EXPECT_EQ(CVMRMLang::TextOfResource({}), u"");
+    EXPECT_EQ(CVMRMLang::TextOfResource(std::vector<u8>{0xFF, 0xFE}), u"");
+}
+
 TEST(ExtractDefault, WritesTheBytesOfTheResource) {
     const TempFolder folder;
     const tvstring path = folder.Path(u"Lang/english.ini");
@@ -237,11 +251,41 @@ TEST_F(LanguageFolderTest, EnglishIsKnownInAnyCase) {
 }
 
 TEST_F(LanguageFolderTest, AMissingLanguageChangesTheCountButNoText) {
+    Write(u"german.ini", u"[global]\ncancel = Abbrechen");
     CVMRMLang language(folder.Path());
+    EXPECT_TRUE(language.Load(u"german.ini"));
     EXPECT_TRUE(language.Load(u"none.ini"));
-    EXPECT_EQ(language.Current(), u"english.ini");
-    EXPECT_EQ(language.Get(u"global", u"cancel"), u"Cancel");
-    EXPECT_EQ(language.LoadCount(), 2);
+    EXPECT_EQ(language.Current(), u"german.ini");
+    EXPECT_EQ(language.Get(u"global", u"cancel"), u"Abbrechen");
+    EXPECT_EQ(language.Get(u"global", u"no"), u"&No");
+    EXPECT_EQ(language.LoadCount(), 3);
+}
+
+TEST_F(LanguageFolderTest, LoadFailsAsLongAsNoLanguageWasEverLoaded) {
+    CVMRMLang language(folder.Path(), tvstring());
+    EXPECT_TRUE(language.Current().empty());
+    EXPECT_FALSE(language.Load(u""));
+    EXPECT_FALSE(language.Load(u"german.ini"));
+    EXPECT_TRUE(language.Current().empty());
+    EXPECT_EQ(language.LoadCount(), 3);
+    Write(u"german.ini", u"[global]\ncancel = Abbrechen");
+    EXPECT_TRUE(language.Load(u"german.ini"));
+    EXPECT_TRUE(language.Load(u"none.ini"));
+    EXPECT_EQ(language.Current(), u"german.ini");
+}
+
+TEST(ProgramLanguages, LieInTheFolderLangBesideTheProgram) {
+    const tvstring folder = ProgramPath(u"Lang");
+    const tvstring path = JoinPath(folder, u"language-test.ini");
+    ASSERT_TRUE(WriteTextFile(u"[.info]\nname = Beside\n[global]\ncancel = Beside", path, TEXT_UTF8));
+    CVMRMLang language;
+    EXPECT_TRUE(language.Load(u"language-test.ini"));
+    EXPECT_EQ(language.Get(u"global", u"cancel"), u"Beside");
+    EXPECT_TRUE(std::any_of(language.Languages().begin(), language.Languages().end(),
+                            [](const LANGINFO& info) { return info.m_Name == u"Beside"; }));
+    std::filesystem::remove(test_files::SystemPath(path));
+    std::error_code notEmpty;
+    std::filesystem::remove(test_files::SystemPath(folder), notEmpty);
 }
 
 TEST_F(LanguageFolderTest, KeysThatALanguageLacksComeFromTheLanguageBefore) {
@@ -289,6 +333,13 @@ TEST_F(LanguageFolderTest, PutsEnglishInFrontIfItHasNoFile) {
     ASSERT_EQ(language.Languages().size(), 3U);
     EXPECT_EQ(language.Languages()[0].m_File, u"english.ini");
     EXPECT_EQ(language.Languages()[0].m_Name, u"English");
+}
+
+TEST_F(LanguageFolderTest, CallsTheDefaultTextByItsNameOrElseEnglish) {
+    const CVMRMLang named(folder.Path(), u"[.info]\nname = Own");
+    EXPECT_EQ(Found(named), (std::set<SectionAndKey>{{u"english.ini", u"Own"}}));
+    const CVMRMLang nameless(folder.Path(), u"[global]\nok = OK");
+    EXPECT_EQ(Found(nameless), (std::set<SectionAndKey>{{u"english.ini", u"English"}}));
 }
 
 TEST_F(LanguageFolderTest, TakesEnglishFromItsFileInAnyCase) {
@@ -378,6 +429,28 @@ TEST(LangText, PutsItsArguments) {
     EXPECT_EQ(LangText(u"statusbar", u"items"), u"Total , search result , selected ");
 }
 
+// Puts another text into the table of the process for as long as the object lives.
+class ChangedText {
+public:
+    ChangedText(const tvstring& section, const tvstring& key, const tvstring& text)
+        : m_Section(section), m_Key(key), m_Before(Language().Get(section, key)) {
+        Language().Set(section, key, text);
+    }
+    ~ChangedText() { Language().Set(m_Section, m_Key, m_Before); }
+    ChangedText(const ChangedText&) = delete;
+    ChangedText& operator=(const ChangedText&) = delete;
+
+private:
+    tvstring m_Section;
+    tvstring m_Key;
+    tvstring m_Before;
+};
+
+TEST(LangText, PutsSixArgumentsInTheirOrder) {
+    const ChangedText text(u"statusbar", u"ready", u"%0%1%2%3%4%5");
+    EXPECT_EQ(LangText(u"statusbar", u"ready", u"a", u"b", u"c", u"d", u"e", u"f"), u"abcdef");
+}
+
 TEST(Language, IsOneTable) {
     EXPECT_EQ(&Language(), &Language());
     EXPECT_EQ(Language().Get(u"start", u"open"), u"&Open Database...");
@@ -388,17 +461,21 @@ TEST(VersionText, IsBuiltFromTheThreeNumbers) {
     EXPECT_EQ(VersionText(VersionForm::Labelled), u"Version 2.0.0");
 }
 
+TEST(VersionText, TakesItsWordsFromTheTable) {
+    const ChangedText text(u"global", u"version", u"Fassung %0!");
+    EXPECT_EQ(VersionText(VersionForm::Labelled), u"Fassung 2.0.0!");
+    EXPECT_EQ(VersionText(VersionForm::Number), u"2.0.0");
+}
+
 TEST(DefaultItemName, ComesFromTheTable) {
     EXPECT_EQ(DefaultItemName(), u"New password item");
 }
 
 TEST(DefaultItemName, IsNeverEmpty) {
-    const tvstring before = Language().Get(u"itemlist", u"def_itemname");
-    Language().Set(u"itemlist", u"def_itemname", u"");
+    const ChangedText text(u"itemlist", u"def_itemname", u"");
     EXPECT_EQ(DefaultItemName(), u"New password item");
     Language().Set(u"itemlist", u"def_itemname", u"Neu");
     EXPECT_EQ(DefaultItemName(), u"Neu");
-    Language().Set(u"itemlist", u"def_itemname", before);
 }
 
 }  // namespace

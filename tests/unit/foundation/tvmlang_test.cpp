@@ -103,6 +103,11 @@ TEST_F(TvmlangTest, LeavesAReferenceToAnEmptyValueAsItStands) {
     EXPECT_EQ(Expanded(u"%ok"), u"%ok");
 }
 
+TEST_F(TvmlangTest, AnEmptyConstantHidesTheSections) {
+    table.SetConst(u"open", u"");
+    EXPECT_EQ(Expanded(u"%open"), u"%open");
+}
+
 TEST_F(TvmlangTest, LeavesAReferenceWithEmptyBracketsAsItStands) {
     EXPECT_EQ(Expanded(u"%[]ok"), u"%[]ok");
 }
