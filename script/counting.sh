@@ -26,12 +26,12 @@ stage() {
     fi
 }
 
-# without_successes: takes the tests that passed out of what GoogleTest or unittest printed.
+# without_successes: takes the tests that passed and the steps that were built out of what was printed.
 without_successes() {
     tr -d '\r' | awk '
         /^\[ RUN      \]/ { held = $0 "\n"; next }
         /^\[       OK \]/ { held = ""; next }
-        /^\[-----|\.\.\. ok$|^[0-9]+ passed, / { next }
+        /^\[-----|\.\.\. ok$|^[0-9]+ passed, |^\[[0-9]+\/[0-9]+\] |^: && / { next }
         { printf "%s", held; held = ""; print }
         END { printf "%s", held }'
 }

@@ -26,8 +26,8 @@ struct KeyObject {
     u8 bytes[kKeySize];
 };
 
-// To be called before anything else of the library. Without the system's configuration file: what that loads or
-// switches off must not decide whether a database opens.
+// To be called before anything else of the library. Without the system's configuration file: what that loads
+// or switches off must not decide whether a database opens.
 void StartLibrary() noexcept {
     OPENSSL_init_crypto(OPENSSL_INIT_NO_LOAD_CONFIG, nullptr);
 }
@@ -35,7 +35,7 @@ void StartLibrary() noexcept {
 enum class Direction { Decrypt = 0, Encrypt = 1 };
 
 bool RunLibrary(const KeyObject& key, Direction direction, const u8* data, std::size_t size, u8* out,
-         std::size_t& done) noexcept {
+                std::size_t& done) noexcept {
     const Context context(EVP_CIPHER_CTX_new());
     if (context == nullptr || size > INT_MAX - kBlockSize) return false;
     int body = 0;

@@ -2,10 +2,11 @@
 
 import os
 import shutil
+import subprocess
 from pathlib import Path
 
 from terminal import CTRL_C, Terminal
-from vmr import PROGRAM, VmrTest
+from vmr import PATIENCE, PROGRAM, VmrTest, command_line, environment
 
 NOBODY = 65534
 
@@ -49,3 +50,22 @@ class WaitingProcess(VmrTest):
             for secret in self.masters + self.secrets:
                 self.assertNotIn(secret.encode(), (process / name).read_bytes())
         self.end()
+
+
+class LibraryConfiguration(VmrTest):
+    def test_does_not_decide_whether_a_database_opens(self):
+        """A configuration that names a module which is not there leaves the library without any cipher."""
+        file = self.sample()
+        configuration = self.write(
+            "openssl.cnf",
+            "openssl_conf = main\n[main]\nproviders = list\n[list]\nlegacy = one\n"
+            "[one]\nmodule = /nonexistent.so\nactivate = 1\n",
+        )
+        run = subprocess.run(
+            command_line(["ls", "--password-file", self.master, file]),
+            capture_output=True,
+            env={**environment(), "OPENSSL_CONF": str(configuration)},
+            timeout=PATIENCE,
+            check=False,
+        )
+        self.assertEqual((run.returncode, run.stdout), (0, b"Bank\nEmpty\nMail\n"))

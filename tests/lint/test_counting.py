@@ -94,7 +94,7 @@ class Stages(CountingTest):
         self.assertEqual(self.totals('sh -c "echo 3 passed, 0 failed; exit 1"'), "3 1")
 
     def test_that_failed_show_failing_tests_and_the_one_that_broke_off(self):
-        output = GTEST + "what went wrong\n[  FAILED  ] A.Two (1 ms)\n[ RUN      ] A.Three\n"
+        output = "[1/2] Building a.o\n" + GTEST + "what went wrong\n[  FAILED  ] A.Two (1 ms)\n[ RUN      ] A.Three\n"
         (self.folder / "out").write_text(output)
         self.assertEqual(self.bash(f"without_successes <{self.folder}/out"),
                          "[ RUN      ] A.Two\nwhat went wrong\n[  FAILED  ] A.Two (1 ms)\n"

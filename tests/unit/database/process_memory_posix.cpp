@@ -1,8 +1,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <fstream>
-#include <string>
+#include <cstdlib>
+#include <cstring>
 
 #include "tests/unit/database/process_memory.h"
 
@@ -26,18 +26,24 @@ bool IsShadow([[maybe_unused]] std::uintptr_t address) {
 
 }  // namespace
 
-// A line begins "from-to rwxp", in hexadecimal digits; p says that the memory is private.
+// A line is "from-to rwxp ..", in hexadecimal digits; p says that the memory is private. It is read without
+// taking memory from the heap, which might be what is looked for.
 std::vector<MemoryRange> PrivateMemory() {
+    static char text[1 << 20];
+    const int maps = ::open("/proc/self/maps", O_RDONLY | O_CLOEXEC);
+    std::size_t size = 0;
+    for (::ssize_t got = 0; (got = ::read(maps, text + size, sizeof text - 1 - size)) > 0;)
+        size += static_cast<std::size_t>(got);
+    ::close(maps);
+    text[size] = 0;
     std::vector<MemoryRange> ranges;
-    std::ifstream maps("/proc/self/maps");
-    for (std::string line; std::getline(maps, line);) {
-        const std::size_t dash = line.find('-');
-        const std::size_t blank = line.find(' ');
-        const std::string access = line.substr(blank + 1, 4);
-        const MemoryRange range{std::stoull(line.substr(0, dash), nullptr, 16),
-                                std::stoull(line.substr(dash + 1, blank - dash - 1), nullptr, 16)};
-        if (access.starts_with("rw") && access.ends_with('p') && !IsShadow(range.begin))
+    for (const char* line = text; line != nullptr && *line != 0;) {
+        char* end = nullptr;
+        const MemoryRange range{std::strtoull(line, &end, 16), std::strtoull(end + 1, &end, 16)};
+        if (end[1] == 'r' && end[2] == 'w' && end[4] == 'p' && !IsShadow(range.begin))
             ranges.push_back(range);
+        const char* next = std::strchr(end, '\n');
+        line = next == nullptr ? nullptr : next + 1;
     }
     return ranges;
 }
