@@ -115,7 +115,8 @@ bool VMRD_DB::ReadRecords(const u8* data, std::size_t size, std::size_t plainSiz
 }
 
 bool VMRD_DB::Open(const tvstring& path, const tvstring& password) {
-    const tvstring newPath(path);  // it may be that of the open database, which goes with Close
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): it may be m_Path, which goes with Close
+    const tvstring newPath(path);
     Close();
     if (password.empty()) return false;
     const i32 size = OpenDatabaseFile(m_File, newPath, false);

@@ -99,10 +99,11 @@ void HashSHA3::Update(const void* bytes, std::size_t size) noexcept {
     while (size != 0) {
         const bool wholeLane = m_Position % kLaneSize == 0 && size >= kLaneSize;
         const std::size_t step = wholeLane ? kLaneSize : 1;
-        if (wholeLane)
+        if (wholeLane) {
             m_Lanes[m_Position / kLaneSize] ^= LoadLane(next);
-        else
+        } else {
             MixByte(m_Position, *next);
+        }
         next += step;
         size -= step;
         m_Position += step;

@@ -128,7 +128,8 @@ i32 Move(VMRD_DB& database, ElementArray& array, bool up, const Place& place) {
 }  // namespace
 
 bool VMRD_DB::New(const tvstring& name) {
-    const tvstring newName(name);  // it may be the present one, which goes with Close
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): it may be m_Name, which goes with Close
+    const tvstring newName(name);
     Close();
     m_Opened = true;
     m_Changed = true;

@@ -74,7 +74,7 @@ public:
 
 private:
     void DropOldest();
-    int TakeBack(VMRD_UndoRecord& record, ElementArray* outItems, ElementArray* outEntries);
+    static int TakeBack(VMRD_UndoRecord& record, ElementArray* outItems, ElementArray* outEntries);
 
     std::deque<VMRD_UndoRecord> m_Records;
     i32 m_MaxDepth = kMaxDepth;

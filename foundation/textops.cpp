@@ -143,7 +143,8 @@ tvstring FormatInt(i32 value) {
 void WriteHexU64(u64 value, char16_t* out) {
     out[0] = u'0';
     out[1] = u'x';
-    for (std::size_t i = kHexU64Length; i-- > 2; value >>= 4) out[i] = kDigits[value & 15];
+    for (std::size_t i = kHexU64Length; i-- > 2; value >>= 4)
+        out[i] = kDigits[value & 15];
 }
 
 tvstring FormatU64(u64 value, U64Format format) {

@@ -16,6 +16,7 @@ bool tvini::Load(const tvstring& path) {
     return Parse(ReadTextFile(path));
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the text may be one of the values that Clear frees
 bool tvini::Parse(tvstring text) {
     Clear();
     auto current = m_Sections.end();

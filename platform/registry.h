@@ -1,6 +1,6 @@
 // The settings store of the current user: a tree of named keys, each with named values that carry a numeric
-// type and a block of bytes. On Windows it is the registry; elsewhere one file with the same contract. Names of
-// keys (parted by backslashes) and values ignore case; the empty name is a key's default value.
+// type and a block of bytes. On Windows it is the registry; elsewhere one file with the same contract. Names
+// of keys (parted by backslashes) and values ignore case; the empty name is a key's default value.
 //
 // Operations give a status: kErrorNone or the number of the cause.
 #pragma once

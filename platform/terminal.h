@@ -56,7 +56,7 @@ public:
 
 private:
     struct State;
-    State* m_State;
+    [[maybe_unused]] State* m_State;  // null where nothing has to be put back
 };
 
 enum class PromptResult { Ok, NoTerminal, TooLong, Interrupted };

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <ctime>
 #include <memory>
+#include <new>
 #include <utility>
 
 #include "platform/error.h"
@@ -89,7 +90,12 @@ NativeFile OpenNativeFile(const char16_t* path, FileAccess access, FileSharing s
     if (::fcntl(descriptor, F_SETFL, 0) != 0) return FailOpening(descriptor);
     // Devices and pipes have nothing to empty.
     const bool emptyLater = access == FileAccess::CreateNew && S_ISREG(status.st_mode);
-    return new OpenedFile{descriptor, emptyLater};
+    auto* const opened = new (std::nothrow) OpenedFile{descriptor, emptyLater};
+    if (opened == nullptr) {
+        errno = ENOMEM;
+        return FailOpening(descriptor);
+    }
+    return opened;
 }
 
 void CloseNativeFile(NativeFile file) noexcept {

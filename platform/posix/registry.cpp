@@ -33,7 +33,8 @@ std::string& StorePath() {
 std::string DefaultPath() {
     const char* config = std::getenv("XDG_CONFIG_HOME");
     const char* home = std::getenv("HOME");
-    std::string folder = config != nullptr && *config == '/' ? config : std::string(home == nullptr ? "" : home) + "/.config";
+    std::string folder =
+        config != nullptr && *config == '/' ? config : std::string(home == nullptr ? "" : home) + "/.config";
     ::mkdir(folder.c_str(), 0700);
     folder += "/vaultmere";
     ::mkdir(folder.c_str(), 0700);
@@ -46,7 +47,8 @@ public:
     explicit Store(KeyAccess access) {
         if (StorePath().empty()) StorePath() = DefaultPath();
         const bool write = access == KeyAccess::Write;
-        m_File = ::open(StorePath().c_str(), write ? O_RDWR | O_CREAT | O_CLOEXEC : O_RDONLY | O_CLOEXEC, 0600);
+        m_File =
+            ::open(StorePath().c_str(), write ? O_RDWR | O_CREAT | O_CLOEXEC : O_RDONLY | O_CLOEXEC, 0600);
         if (m_File >= 0 && ::flock(m_File, write ? LOCK_EX : LOCK_SH) == 0) m_Keys = ParseRegistry(ReadAll());
     }
     ~Store() {
@@ -60,8 +62,9 @@ public:
 
     u32 Write() const {
         const std::string text = FormatRegistry(m_Keys);
-        const bool good = ::pwrite(m_File, text.data(), text.size(), 0) == static_cast<::ssize_t>(text.size()) &&
-                          ::ftruncate(m_File, static_cast<::off_t>(text.size())) == 0;
+        const bool good =
+            ::pwrite(m_File, text.data(), text.size(), 0) == static_cast<::ssize_t>(text.size()) &&
+            ::ftruncate(m_File, static_cast<::off_t>(text.size())) == 0;
         return good ? kErrorNone : CodeOfErrno(errno);
     }
 
@@ -80,6 +83,7 @@ private:
 };
 
 OpenedKey* KeyOf(NativeKey key) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): an opaque value on its way through the core
     return reinterpret_cast<OpenedKey*>(key);
 }
 
@@ -93,8 +97,8 @@ u32 CopyOut(const RegistryValue& value, u8* data, u32& size) {
 }
 
 // A key that is open for a change, and the store with it.
-u32 Change(NativeKey key, u32 (*change)(RegistryValues&, const char16_t*, RegistryValue&), const char16_t* name,
-           RegistryValue value) {
+u32 Change(NativeKey key, u32 (*change)(RegistryValues&, const char16_t*, RegistryValue&),
+           const char16_t* name, RegistryValue value) {
     if (key == 0) return kErrorInvalidHandle;
     if (KeyOf(key)->access != KeyAccess::Write) return kErrorAccessDenied;
     Store store(KeyAccess::Write);
@@ -157,7 +161,8 @@ u32 DeleteUserTree(const char16_t* subkey) {
     const std::u16string path = subkey;
     const auto below = [&path](const auto& key) {
         const std::u16string& name = key.first;
-        return name.size() >= path.size() && CompareOrdinalNoCase(name.data(), path.size(), path.data(), path.size()) == 0 &&
+        return name.size() >= path.size() &&
+               CompareOrdinalNoCase(name.data(), path.size(), path.data(), path.size()) == 0 &&
                (name.size() == path.size() || name[path.size()] == u'\\');
     };
     return std::erase_if(store.Keys(), below) == 0 ? kErrorFileNotFound : store.Write();

@@ -30,7 +30,8 @@ std::u16string NameOf(std::string_view text) {
     std::u16string name;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == '%' && i + 4 < text.size()) {
-            name += static_cast<char16_t>(std::strtoul(std::string(text.substr(i + 1, 4)).c_str(), nullptr, 16));
+            name +=
+                static_cast<char16_t>(std::strtoul(std::string(text.substr(i + 1, 4)).c_str(), nullptr, 16));
             i += 4;
         } else {
             name += static_cast<char16_t>(static_cast<u8>(text[i]));
@@ -53,7 +54,8 @@ RegistryValue ValueOf(const std::string& text) {
     RegistryValue value;
     char* colon = nullptr;
     value.type = static_cast<u32>(std::strtoul(text.c_str(), &colon, 10));
-    for (const char* digits = colon + (*colon == ':'); digits[0] != 0 && digits[1] != 0; digits += 2) {
+    for (const char* digits = colon + (*colon == ':' ? 1 : 0); digits[0] != 0 && digits[1] != 0;
+         digits += 2) {
         const char pair[] = {digits[0], digits[1], 0};
         value.bytes.push_back(static_cast<u8>(std::strtoul(pair, nullptr, 16)));
     }

@@ -1,7 +1,7 @@
 // The settings store as a file: a document of keys and values, read and written whole under a lock.
 //
-// Each key is a line "[path]", each value of it a line "name=type:bytes", bytes and all units outside printable
-// ASCII in hexadecimal.
+// Each key is a line "[path]", each value of it a line "name=type:bytes", bytes and all units outside
+// printable ASCII in hexadecimal.
 #pragma once
 
 #include <map>

@@ -118,7 +118,8 @@ int CompareForUser(const char16_t* a, const char16_t* b) noexcept {
 std::size_t SortKeyForUser(const char16_t* text, u8* out, std::size_t capacity) noexcept {
     const UCollator* collator = NaturalCollator();
     if (collator == nullptr) return 0;
-    return static_cast<std::size_t>(ucol_getSortKey(collator, text, -1, out, static_cast<std::int32_t>(capacity)));
+    return static_cast<std::size_t>(
+        ucol_getSortKey(collator, text, -1, out, static_cast<std::int32_t>(capacity)));
 }
 
 std::size_t FindNoCase(const char16_t* text, const char16_t* word) noexcept {

@@ -7,6 +7,7 @@ namespace platform {
 namespace {
 
 HKEY KeyOf(NativeKey key) noexcept {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): an opaque value on its way through the core
     return reinterpret_cast<HKEY>(key);
 }
 
@@ -20,10 +21,10 @@ u32 OpenUserKey(const char16_t* subkey, KeyAccess access, NativeKey& key) {
     key = 0;
     if (FaultFires(FaultPoint::OpenKey)) return LastError();
     HKEY opened = nullptr;
-    const LSTATUS status =
-        access == KeyAccess::Write
-            ? RegCreateKeyExW(HKEY_CURRENT_USER, Wide(subkey), 0, nullptr, 0, KEY_WRITE, nullptr, &opened, nullptr)
-            : RegOpenKeyExW(HKEY_CURRENT_USER, Wide(subkey), 0, KEY_READ, &opened);
+    const LSTATUS status = access == KeyAccess::Write
+                               ? RegCreateKeyExW(HKEY_CURRENT_USER, Wide(subkey), 0, nullptr, 0, KEY_WRITE,
+                                                 nullptr, &opened, nullptr)
+                               : RegOpenKeyExW(HKEY_CURRENT_USER, Wide(subkey), 0, KEY_READ, &opened);
     if (status == ERROR_SUCCESS) key = reinterpret_cast<NativeKey>(opened);
     return StatusOf(status);
 }

@@ -11,7 +11,7 @@
 namespace platform {
 namespace {
 
-constexpr DWORD kLargestWrite = 1u << 20;
+constexpr DWORD kLargestWrite = 1U << 20;
 constexpr DWORD kReportWithoutHeap = 1;  // WER_FAULT_REPORTING_FLAG_NOHEAP
 constexpr int kExitInterrupted = 130;
 constexpr std::size_t kLongestLine = 4096;

@@ -16,9 +16,13 @@ def compiler_for(path):
     return WINDOWS if path.as_posix().startswith("platform/win32/") else NATIVE
 
 
+def definitions(path):
+    return ["-DVAULTMERE_FAULTS"] if path.parts[0] == "tests" else []
+
+
 def diagnostics(project, path):
-    command = [compiler_for(path), "-std=c++20", *WARNINGS, "-fsyntax-only", "-I", str(project.root),
-               "-x", "c++", "-include", str(project.root / path), "/dev/null"]
+    command = [compiler_for(path), "-std=c++20", *WARNINGS, *definitions(path), "-fsyntax-only",
+               "-I", str(project.root), "-x", "c++", "-include", str(project.root / path), "/dev/null"]
     run = subprocess.run(command, capture_output=True, text=True, cwd=project.root, check=False)
     return None if run.returncode == 0 else run.stderr.strip()
 

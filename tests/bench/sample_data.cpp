@@ -16,7 +16,8 @@ public:
     tvstring Text(std::size_t length, std::u16string_view set) {
         tvstring text;
         text.reserve(length);
-        for (std::size_t i = 0; i < length; ++i) text += set[Below(set.size())];
+        for (std::size_t i = 0; i < length; ++i)
+            text += set[Below(set.size())];
         return text;
     }
     std::size_t Below(std::size_t limit) { return m_Random() % limit; }

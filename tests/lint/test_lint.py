@@ -159,6 +159,13 @@ class HeadersAlone(LintTest):
         self.write("tests/unit/a.h", "#pragma once\ninline int A() { return b; }\n")
         self.assert_finds(headers_alone, "tests/unit/a.h", "was not declared")
 
+    def test_lets_tests_alone_order_faults(self):
+        header = "#pragma once\n#ifndef VAULTMERE_FAULTS\n#error no faults\n#endif\n"
+        self.write("tests/unit/faults.h", header)
+        self.assert_clean(headers_alone, checked=1)
+        self.write("foundation/faults.h", header)
+        self.assert_finds(headers_alone, "foundation/faults.h", "no faults")
+
     def test_compiles_the_windows_half_for_windows(self):
         self.write("platform/win32/a.h", "#pragma once\n#include <windows.h>\ninline HWND A() { return nullptr; }\n")
         self.assert_clean(headers_alone, checked=1)

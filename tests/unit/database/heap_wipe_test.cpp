@@ -17,6 +17,7 @@
 #include "platform/crypto.h"
 #include "platform/text.h"
 #include "tests/unit/database/faults.h"
+#include "tests/unit/database/process_memory.h"
 #include "tests/unit/database/secret_hunter.h"
 #include "tests/unit/test_files.h"
 
@@ -251,6 +252,7 @@ protected:
             SecretBytes<kKeySize> hash;
             HashPassword(Text(password), hash.Data());
             hunter.AddBytes(std::string("hash of ") + password.name, hash.Data(), kKeySize);
+            if (!CipherWipesItsKeys()) continue;
             for (const Salt& salt : m_Salts) {
                 SecretBytes<kKeySize> key;
                 DeriveKey(hash.Data(), salt.data(), key.Data());
@@ -357,7 +359,7 @@ TEST(HeapWipe, TheCipherLeavesNoKey) {
         for (platform::AesKey key : keys)
             platform::DestroyAesKey(key);
     });
-    EXPECT_THAT(hunter.Find(), IsEmpty());
+    EXPECT_EQ(hunter.Find().empty(), CipherWipesItsKeys());
 }
 
 TEST(HeapWipe, TheHashLeavesNoDigest) {

@@ -17,3 +17,7 @@ std::vector<MemoryRange> PrivateMemory();
 
 // Copies memory through the system, which knows of no poisoned bytes. False if it cannot be read.
 bool CopyMemoryOut(std::uintptr_t address, u8* out, std::size_t size);
+
+// True if the system's cipher overwrites the keys that it was given when they are destroyed. Wine's leaves
+// them in the memory of libraries of its own, where no program can reach them in an orderly way.
+bool CipherWipesItsKeys();

@@ -12,13 +12,13 @@
 
 namespace {
 
-bool IsShadow([[maybe_unused]] std::uintptr_t address) {
+bool IsShadow([[maybe_unused]] MemoryRange range) {
 #ifdef __SANITIZE_ADDRESS__
     std::size_t scale = 0;
     std::size_t offset = 0;
     __asan_get_shadow_mapping(&scale, &offset);
     constexpr std::uintptr_t kAddressSpace = std::uintptr_t{1} << 47;
-    return address >= offset && address < offset + (kAddressSpace >> scale);
+    return range.end > offset && range.begin < offset + (kAddressSpace >> scale);
 #else
     return false;
 #endif
@@ -40,8 +40,7 @@ std::vector<MemoryRange> PrivateMemory() {
     for (const char* line = text; line != nullptr && *line != 0;) {
         char* end = nullptr;
         const MemoryRange range{std::strtoull(line, &end, 16), std::strtoull(end + 1, &end, 16)};
-        if (end[1] == 'r' && end[2] == 'w' && end[4] == 'p' && !IsShadow(range.begin))
-            ranges.push_back(range);
+        if (end[1] == 'r' && end[2] == 'w' && end[4] == 'p' && !IsShadow(range)) ranges.push_back(range);
         const char* next = std::strchr(end, '\n');
         line = next == nullptr ? nullptr : next + 1;
     }
@@ -51,4 +50,8 @@ std::vector<MemoryRange> PrivateMemory() {
 bool CopyMemoryOut(std::uintptr_t address, u8* out, std::size_t size) {
     static const int memory = ::open("/proc/self/mem", O_RDONLY | O_CLOEXEC);
     return ::pread(memory, out, size, static_cast<::off_t>(address)) == static_cast<::ssize_t>(size);
+}
+
+bool CipherWipesItsKeys() {
+    return true;
 }

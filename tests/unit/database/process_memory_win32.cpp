@@ -30,3 +30,7 @@ bool CopyMemoryOut(std::uintptr_t address, u8* out, std::size_t size) {
     return ReadProcessMemory(GetCurrentProcess(), reinterpret_cast<void*>(address), out, size, &done) &&
            done == size;
 }
+
+bool CipherWipesItsKeys() {
+    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") == nullptr;
+}

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <vector>
@@ -92,7 +93,7 @@ private:
     struct Needle {
         std::string name;
         std::vector<u8> masked;
-        std::size_t next;  // with the same first two bytes
+        std::size_t next;  // with the same StartOf
         bool found = false;
     };
 
@@ -103,12 +104,18 @@ private:
     }
     void AddPiece(const std::string& name, const std::vector<u8>& masked, std::size_t start) {
         const auto from = masked.begin() + static_cast<std::ptrdiff_t>(start);
-        std::size_t& first = FirstFor(masked[start] ^ kMask, masked[start + 1] ^ kMask);
+        u8 bytes[kStart];
+        for (std::size_t i = 0; i < kStart; ++i)
+            bytes[i] = masked[start + i] ^ kMask;
+        std::size_t& first = m_FirstWith[StartOf(bytes)];
         m_Needles.push_back({name, std::vector<u8>(from, from + kPiece), first});
         first = m_Needles.size() - 1;
     }
-    std::size_t& FirstFor(int first, int second) {
-        return m_FirstWith[static_cast<std::size_t>(first | second << 8)];
+    // A number below 0x10000 for the first kStart bytes, by which few needles are left to compare.
+    static constexpr std::size_t kStart = 4;
+    __attribute__((no_sanitize("address"), no_sanitize("undefined"))) static std::size_t StartOf(
+        const u8* bytes) {
+        return static_cast<std::size_t>((bytes[0] | bytes[2] << 8) ^ (bytes[1] << 4) ^ (bytes[3] << 3));
     }
 
     // Windows overlap by what a piece may hang over; a page that cannot be read is passed by.
@@ -119,13 +126,28 @@ private:
             const std::size_t size = CopyMemoryOut(place, m_Window.get(), whole)  ? whole
                                      : CopyMemoryOut(place, m_Window.get(), page) ? page
                                                                                   : 0;
-            for (std::size_t i = 0; i + kPiece <= size; ++i)
-                Compare(m_Window.get() + i);
+            for (std::size_t start = 0; start < size; start += kPage)
+                SearchPage(start, size);
             place += size == kWindow ? kWindow - kPage : std::max(size, page);
         }
     }
+    // The window's bytes from `start` to the end of that page. Most pages hold nothing but zeros.
+    void SearchPage(std::size_t start, std::size_t size) {
+        static constexpr u8 kZeros[kPage] = {};
+        const std::size_t end = std::min(start + kPage, size);
+        if (std::memcmp(m_Window.get() + start, kZeros, end - start) == 0) return;
+        const std::size_t last = size < kPiece ? 0 : size - kPiece + 1;
+        SearchBytes(m_Window.get() + start, m_Window.get() + std::min(end, last), m_FirstWith.data());
+    }
+    // Each byte is looked at, which takes a sanitizer minutes if it looks at each one too.
+    __attribute__((no_sanitize("address"), no_sanitize("undefined"))) void SearchBytes(
+        const u8* place, const u8* end, const std::size_t* firstWith) {
+        for (; place < end; ++place) {
+            if (firstWith[StartOf(place)] != kNone) Compare(place);
+        }
+    }
     void Compare(const u8* place) {
-        for (std::size_t i = FirstFor(place[0], place[1]); i != kNone; i = m_Needles[i].next) {
+        for (std::size_t i = m_FirstWith[StartOf(place)]; i != kNone; i = m_Needles[i].next) {
             Needle& needle = m_Needles[i];
             needle.found |= std::equal(needle.masked.begin(), needle.masked.end(), place,
                                        [](u8 masked, u8 byte) { return masked == (byte ^ kMask); });
