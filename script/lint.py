@@ -24,10 +24,10 @@ CHECKS = {
 
 
 def report(module, result):
-    """Prints a check's line and its findings; true if it passed."""
-    if not result.checked:
+    """Prints a check's line and its findings; true if it passed, nothing if it only gives figures."""
+    if not result.checked and result.note:
         print(f"{module.TITLE}: {result.note}", flush=True)
-        return True
+        return None
     note = f" ({result.note})" if result.note else ""
     print(f"{module.TITLE}: {result.passed} passed, {result.failed} failed{note}", flush=True)
     for subject, message in result.findings:
@@ -50,7 +50,7 @@ def main():
         return 0
     verdicts = [report(CHECKS[name], CHECKS[name].check(project)) for name in options.only or CHECKS]
     failed = verdicts.count(False)
-    print(f"{len(verdicts) - failed} passed, {failed} failed")
+    print(f"{verdicts.count(True)} passed, {failed} failed")
     return 1 if failed else 0
 
 
