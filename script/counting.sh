@@ -1,4 +1,5 @@
 # How script/test counts: stages, and what test programs printed. To be sourced, with `logs` naming a folder.
+# A stage does not inherit descriptor 9, by which script/test keeps a second run out.
 # shellcheck shell=bash
 passed=0
 failed=0
@@ -11,7 +12,7 @@ stage() {
     # shellcheck disable=SC2154  # logs is the sourcing script's
     log=$logs/$(tr -cs 'a-z0-9\n' '-' <<<"${title,,}").log
     printf '== %s: ' "$title"
-    "$@" >"$log" 2>&1 </dev/null || status=$?
+    "$@" >"$log" 2>&1 </dev/null 9>&- || status=$?
     counts=$(grep -aE '^[0-9]+ passed, [0-9]+ failed$' "$log" | tail -n 1) || true
     if [ -n "$counts" ]; then
         read -r good _ bad _ <<<"$counts"
