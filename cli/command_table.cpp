@@ -35,6 +35,25 @@ constexpr OptionInfo kOptions[] = {
     {Option::Note, 0, OptionTimes::Any, "note", "TEXT", "an additional text; may be repeated"},
     {Option::ValueStdin, 0, OptionTimes::Once, "stdin", nullptr, "read the value from standard input"},
     {Option::ValueFile, 0, OptionTimes::Once, "value-file", "F", "read the value from the file F"},
+    {Option::Search, 0, OptionTimes::Once, "search", "TEXT",
+     "only items with these words in any field, letter case ignored"},
+    {Option::Mode, 0, OptionTimes::Once, "mode", "MODE",
+     "how words count: all (default), exact (the whole text as it stands), any, or without"},
+    {Option::InPasswords, 0, OptionTimes::Once, "in-passwords", nullptr, "search in passwords too"},
+    {Option::Sort, 0, OptionTimes::Once, "sort", "ORDER",
+     "none (default: as stored), az, za, newold or oldnew"},
+    {Option::Generate, 0, OptionTimes::Once, "generate", nullptr, "make a random password for the item"},
+    {Option::Min, 0, OptionTimes::Once, "min", "N",
+     "the shortest length, from 4 to 128 (default 12, or --max if that is less)"},
+    {Option::Max, 0, OptionTimes::Once, "max", "N",
+     "the longest length, from 4 to 128 (default 20, or --min if that is more)"},
+    {Option::Upper, 0, OptionTimes::Once, "upper", nullptr, "use upper-case letters"},
+    {Option::Lower, 0, OptionTimes::Once, "lower", nullptr, "use lower-case letters"},
+    {Option::Digits, 0, OptionTimes::Once, "digits", nullptr, "use digits"},
+    {Option::Other, 0, OptionTimes::Once, "other", nullptr, "use punctuation and other signs"},
+    {Option::HowMany, 0, OptionTimes::Once, "count", "N", "how many passwords (default 1)"},
+    {Option::Timeout, 0, OptionTimes::Once, "timeout", "S",
+     "seconds until the clipboard is cleared, from 1 to 86400 (default 15)"},
     {Option::Version, 0, OptionTimes::Once, "version", nullptr, "print the version"},
     {Option::ExitCodes, 0, OptionTimes::Once, "exit-codes", nullptr, "print the exit codes"},
     {Option::Manual, 0, OptionTimes::Once, "man", nullptr, "print the manual page as troff source"},
@@ -87,17 +106,26 @@ constexpr ArgumentInfo kLangTextArguments[] = {
     {"ARG", ArgumentCount::Any, "the texts for %0 to %5"},
 };
 
+constexpr ArgumentInfo kThemeArguments[] = {{"THEMEFILE", ArgumentCount::One, "the theme file"}};
+
 constexpr Option kOpening[] = {Option::PasswordStdin, Option::PasswordFile};
 constexpr Option kOpeningJson[] = {Option::Json, Option::PasswordStdin, Option::PasswordFile};
-constexpr Option kListing[] = {Option::NullEnds, Option::Json, Option::PasswordStdin, Option::PasswordFile};
+constexpr Option kListing[] = {Option::Search,   Option::Mode, Option::InPasswords,   Option::Sort,
+                               Option::NullEnds, Option::Json, Option::PasswordStdin, Option::PasswordFile};
 constexpr Option kShowing[] = {Option::Reveal, Option::Json, Option::PasswordStdin, Option::PasswordFile};
 constexpr Option kGetting[] = {Option::NoLineEnd, Option::Json, Option::PasswordStdin, Option::PasswordFile};
 constexpr Option kMaking[] = {Option::Name, Option::Force, Option::PasswordStdin, Option::PasswordFile};
 constexpr Option kLoading[] = {Option::Force, Option::PasswordStdin, Option::PasswordFile};
-constexpr Option kAdding[] = {Option::Program, Option::UserName,      Option::SecretStdin, Option::SecretFile,
-                              Option::Note,    Option::PasswordStdin, Option::PasswordFile};
-constexpr Option kSetting[] = {Option::ValueStdin, Option::ValueFile, Option::PasswordStdin,
-                               Option::PasswordFile};
+constexpr Option kAdding[] = {
+    Option::Program,  Option::UserName, Option::SecretStdin,   Option::SecretFile,  Option::Note,
+    Option::Generate, Option::Min,      Option::Max,           Option::Upper,       Option::Lower,
+    Option::Digits,   Option::Other,    Option::PasswordStdin, Option::PasswordFile};
+constexpr Option kSetting[] = {Option::ValueStdin, Option::ValueFile,     Option::Generate,    Option::Min,
+                               Option::Max,        Option::Upper,         Option::Lower,       Option::Digits,
+                               Option::Other,      Option::PasswordStdin, Option::PasswordFile};
+constexpr Option kGenerating[] = {Option::Min,    Option::Max,   Option::Upper,   Option::Lower,
+                                  Option::Digits, Option::Other, Option::HowMany, Option::Json};
+constexpr Option kClipping[] = {Option::Timeout, Option::PasswordStdin, Option::PasswordFile};
 constexpr Option kRekeying[] = {Option::PasswordStdin, Option::PasswordFile, Option::NewPasswordFile};
 constexpr Option kConverting[] = {Option::Force, Option::PasswordStdin, Option::PasswordFile,
                                   Option::NewPasswordFile};
@@ -114,15 +142,24 @@ constexpr CommandInfo kCommands[] = {
      "be in the current one.",
      &RunInfo},
     {"ls", kFileArguments, kListing, "list the names of the items",
-     "One a line in stored order; a line break inside a name is printed as a blank.", &RunList},
+     "One a line; a line break inside a name is printed as a blank. Fields are the name, the program, the "
+     "user "
+     "name, the additional texts and, with --in-passwords, the password. With --mode all, a word that stands "
+     "in two fields makes up for one that is missing. Others can see the words of --search: give no password "
+     "there.",
+     &RunList},
     {"show", kShowArguments, kShowing, "show one item", "Passwords are hidden without --reveal.", &RunShow},
     {"get", kGetArguments, kGetting, "print one field",
      "The value as it is stored, with one line end behind it.", &RunGet},
     {"add", kAddArguments, kAdding, "append an item",
-     "The password is empty unless --secret-stdin or --secret-file is given.", &RunAdd},
+     "The password is empty unless --secret-stdin, --secret-file or --generate is given. With --generate it "
+     "is "
+     "made as by the command generate, and not printed.",
+     &RunAdd},
     {"set", kSetArguments, kSetting, "change a field",
      "The new text is VALUE, or comes from --stdin or --value-file. A password is never an argument: "
-     "without an option it is asked for on the terminal, twice. note:+ appends an additional text.",
+     "without an option it is asked for on the terminal, twice. With --generate it is made as by the command "
+     "generate, and not printed. note:+ appends an additional text.",
      &RunSet},
     {"rm", kRemoveArguments, kOpening, "remove items", "", &RunRemove},
     {"move", kMoveArguments, kOpening, "move an item one place up or down",
@@ -147,6 +184,26 @@ constexpr CommandInfo kCommands[] = {
      "With - and --password-stdin the first line of standard input is the master password, the rest the "
      "JSON. A file that exists is left alone without --force.",
      &RunLoad},
+    {"generate",
+     {},
+     kGenerating,
+     "make random passwords",
+     "One a line. The classes are those that are named, or else --upper, --lower and --digits; each of them "
+     "is "
+     "in every password. The letters I, O and l are left out. Lengths outside of 4 to 128 are taken as the "
+     "nearest one.",
+     &RunGenerate},
+    {"clip", kGetArguments, kClipping, "put one field on the clipboard for a while",
+     "Waits, then clears the clipboard if it still holds that text; Ctrl+C clears it at once. On Linux it "
+     "takes "
+     "wl-copy and wl-paste (Wayland) or xclip (X11).",
+     &RunClip},
+    {"theme check", kThemeArguments, kJsonOnly, "check a theme file",
+     "Prints what is wrong, with line numbers: lines that are no pair, unknown, missing and repeated keys, "
+     "values that are no colour, and references that lead nowhere or back. Exit code 8 if there is anything.",
+     &RunThemeCheck},
+    {"theme show", kThemeArguments, kJsonOnly, "print the name and the colours of a theme file",
+     "The colours of the twelve roles as #rrggbb.", &RunThemeShow},
     {"lang check", kLangArguments, kJsonOnly, "check a language file",
      "Prints lines that are no pair, keys that come twice, are missing or unknown, and references that "
      "resolve to nothing, with their line numbers. Exit code 8 if there are any.",

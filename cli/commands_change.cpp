@@ -2,6 +2,7 @@
 
 #include "cli/commands.h"
 #include "cli/failure.h"
+#include "cli/generate_options.h"
 #include "cli/item_reference.h"
 #include "cli/session.h"
 #include "cli/text_argument.h"
@@ -10,6 +11,8 @@
 namespace {
 
 constexpr const char* kItemName = "the item's name";
+constexpr Option kSecretOptions[] = {Option::SecretStdin, Option::SecretFile};
+constexpr Option kValueOptions[] = {Option::ValueStdin, Option::ValueFile};
 
 void RequireName(const tvstring& name, const char* what) {
     if (name.empty()) throw Failure(ExitCode::WrongUsage, std::string(what) + " is empty");
@@ -35,6 +38,7 @@ tvstring NewItemSecret(const Invocation& invocation, SecretSource& secrets) {
     if (invocation.Has(Option::SecretFile)) {
         return FileText(invocation.Value(Option::SecretFile), kWhat);
     }
+    if (invocation.Has(Option::Generate)) return GeneratePassword(ReadGenerateOptions(invocation));
     return {};
 }
 
@@ -59,7 +63,12 @@ bool IsPassword(const FieldReference& field) {
 void RequireOneValue(const Invocation& invocation, const FieldReference& field) {
     constexpr std::size_t kWithValue = 4;
     const bool isArgument = invocation.CountArguments() == kWithValue;
-    const bool isOption = invocation.Has(Option::ValueStdin) || invocation.Has(Option::ValueFile);
+    const bool isGenerated = invocation.Has(Option::Generate);
+    const bool isOption =
+        isGenerated || invocation.Has(Option::ValueStdin) || invocation.Has(Option::ValueFile);
+    if (isGenerated && !IsPassword(field)) {
+        throw Failure(ExitCode::WrongUsage, "--generate makes a password, and the field is none");
+    }
     if (isArgument && IsPassword(field)) {
         throw Failure(ExitCode::WrongUsage,
                       "a password is never an argument; use --stdin or --value-file, or be asked for it");
@@ -79,6 +88,7 @@ tvstring NewValue(const Invocation& invocation, SecretSource& secrets) {
     if (invocation.Has(Option::ValueFile)) {
         return FileText(invocation.Value(Option::ValueFile), kWhat);
     }
+    if (invocation.Has(Option::Generate)) return GeneratePassword(ReadGenerateOptions(invocation));
     if (invocation.CountArguments() > kValue) return TextArgument(invocation.Argument(kValue), kWhat);
     return secrets.TypedTwice("New password of the item: ");
 }
@@ -103,6 +113,8 @@ void ChangeField(VMRD_DB& database, ItemElement* item, const FieldReference& fie
 }  // namespace
 
 ExitCode RunAdd(const Invocation& invocation) {
+    RequireGenerateAlone(invocation, kSecretOptions);
+    ReadGenerateOptions(invocation);
     VMRD_Item item;
     FillItem(item, invocation);
     Session session(invocation);
@@ -119,6 +131,8 @@ ExitCode RunAdd(const Invocation& invocation) {
 }
 
 ExitCode RunSet(const Invocation& invocation) {
+    RequireGenerateAlone(invocation, kValueOptions);
+    ReadGenerateOptions(invocation);
     const FieldReference field = ParseField(invocation.Argument(2));
     RequireOneValue(invocation, field);
     Session session(invocation);

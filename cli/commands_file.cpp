@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "cli/commands.h"
 #include "cli/failure.h"
 #include "cli/session.h"
@@ -11,6 +13,15 @@ namespace {
 bool IsHtmlPath(const tvstring& path) {
     const tvstring extension = ExtensionOf(path);
     return EqualNoCase(extension, u".htm") || EqualNoCase(extension, u".html");
+}
+
+// True if both arguments lead to one file, by whatever names.
+bool IsSameFile(const std::string& a, const std::string& b) {
+    const auto pathOf = [](const std::string& argument) {
+        return std::filesystem::path(std::u8string(argument.begin(), argument.end()));
+    };
+    std::error_code ignored;
+    return std::filesystem::equivalent(pathOf(a), pathOf(b), ignored);
 }
 
 }  // namespace
@@ -40,6 +51,9 @@ ExitCode RunPasswd(const Invocation& invocation) {
 
 ExitCode RunExport(const Invocation& invocation) {
     const std::string& out = invocation.Argument(1);
+    if (IsSameFile(invocation.Argument(0), out)) {
+        throw Failure(ExitCode::FileFailed, "the database cannot be overwritten by what is exported from it");
+    }
     Session session(invocation);
     session.Open(invocation.Argument(0), Purpose::Read);
     const tvstring path = PathArgument(out);

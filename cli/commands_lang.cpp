@@ -3,15 +3,14 @@
 
 #include "cli/commands.h"
 #include "cli/failure.h"
-#include "cli/input_reader.h"
 #include "cli/invocation.h"
 #include "cli/item_json.h"
+#include "cli/readable_file.h"
 #include "cli/text_argument.h"
 #include "foundation/language.h"
 #include "foundation/language_check.h"
 #include "foundation/product.h"
 #include "foundation/textfile.h"
-#include "platform/error.h"
 
 namespace {
 
@@ -37,17 +36,6 @@ const KindInfo& InfoOf(Kind kind) {
         if (info.kind == kind) return info;
     }
     return kKinds[0];
-}
-
-// An unreadable file counts as an empty one for the core, so that is found out here.
-void RequireReadable(const std::string& path) {
-    char byte = 0;
-    const platform::InputFile file = platform::OpenInput(platform::PathFromArgument(path).c_str());
-    const bool readable = file != platform::kNoInput && platform::ReadInput(file, &byte, 1).has_value();
-    const u32 error = platform::LastError();
-    platform::CloseInput(file);
-    platform::SetLastError(error);
-    if (!readable) throw Failure::OfFile("cannot read " + path);
 }
 
 // The file laid over the built-in texts.

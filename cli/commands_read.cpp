@@ -3,6 +3,7 @@
 #include "cli/failure.h"
 #include "cli/item_json.h"
 #include "cli/item_reference.h"
+#include "cli/line_writer.h"
 #include "cli/session.h"
 #include "cli/text_argument.h"
 #include "platform/terminal.h"
@@ -17,30 +18,6 @@ u64 CountEntries(const VMRD_DB& database) {
     for (const ItemElement* item = database.m_Head; item != nullptr; item = item->m_Next)
         count += static_cast<u64>(item->m_Count);
     return count;
-}
-
-bool IsLineBreak(char16_t unit) {
-    return (unit >= u'\n' && unit <= u'\r') || unit == u'\x85' || unit == u'\x2028' || unit == u'\x2029';
-}
-
-bool IsControl(char16_t unit) {
-    return unit < u' ' || (unit >= u'\x7F' && unit < u'\xA0');
-}
-
-// A text as one line: each line break is a blank. A terminal is kept from taking anything for a command.
-void WriteLine(ByteSink& out, std::u16string_view text, bool forTerminal) {
-    constexpr char16_t kReplacement = u'\xFFFD';
-    std::size_t start = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isBreak = IsLineBreak(text[i]);
-        if (!isBreak && !(forTerminal && IsControl(text[i]))) continue;
-        out.Text(text.substr(start, i - start));
-        out.Text({isBreak ? u" " : &kReplacement, 1});
-        if (text.substr(i).starts_with(u"\r\n")) ++i;
-        start = i + 1;
-    }
-    out.Text(text.substr(start));
-    out.Byte('\n');
 }
 
 void WriteInfoJson(Session& session, ByteSink& out) {
@@ -71,33 +48,6 @@ void WriteInfoLines(Session& session, ByteSink& out) {
     number("entries:    ", CountEntries(database));
     number("file size:  ", session.FileSize());
     number("plain size: ", session.PlainSize());
-}
-
-void WriteListJson(const VMRD_DB& database, ByteSink& out) {
-    JsonWriter json(out);
-    json.OpenObject();
-    WriteVersion(json);
-    json.Key("items").OpenArray();
-    u64 position = 0;
-    for (const ItemElement* item = database.m_Head; item != nullptr; item = item->m_Next) {
-        json.OpenObject().Key("position").Number(++position).Key("name").Text(item->m_Name);
-        WriteDates(json, item->m_Date);
-        json.CloseObject();
-    }
-    json.CloseArray().CloseObject();
-    out.Byte('\n');
-}
-
-void WriteListLines(const VMRD_DB& database, ByteSink& out, bool nullEnds) {
-    const bool forTerminal = platform::IsTerminal(platform::StandardStream::Output);
-    for (const ItemElement* item = database.m_Head; item != nullptr; item = item->m_Next) {
-        if (nullEnds) {
-            out.Text(item->m_Name);
-            out.Byte('\0');
-        } else {
-            WriteLine(out, item->m_Name, forTerminal);
-        }
-    }
 }
 
 bool IsHidden(const VMRD_Entry& entry, bool reveal) {
@@ -175,22 +125,6 @@ ExitCode RunInfo(const Invocation& invocation) {
         WriteInfoJson(session, out);
     } else {
         WriteInfoLines(session, out);
-    }
-    out.Finish();
-    return ExitCode::Done;
-}
-
-ExitCode RunList(const Invocation& invocation) {
-    if (invocation.Has(Option::Json) && invocation.Has(Option::NullEnds)) {
-        throw Failure(ExitCode::WrongUsage, "--json and --null exclude each other");
-    }
-    Session session(invocation);
-    session.Open(invocation.Argument(0), Purpose::Read);
-    OutputSink out;
-    if (invocation.Has(Option::Json)) {
-        WriteListJson(session.Database(), out);
-    } else {
-        WriteListLines(session.Database(), out, invocation.Has(Option::NullEnds));
     }
     out.Finish();
     return ExitCode::Done;

@@ -32,6 +32,17 @@ bool IsFamily(std::string_view word) {
     });
 }
 
+// "check, dump, text"
+std::string MembersOf(std::string_view family) {
+    std::string members;
+    for (const CommandInfo& command : Commands()) {
+        const std::string_view name = command.name;
+        if (!name.starts_with(std::string(family) + " ")) continue;
+        members.append(members.empty() ? "" : ", ").append(name.substr(family.size() + 1));
+    }
+    return members;
+}
+
 // The place of the first word that is no option and no value of one, or the number of words.
 std::size_t FindArgument(const std::vector<std::string>& words, std::size_t from) {
     for (std::size_t i = from; i < words.size(); ++i) {
@@ -70,10 +81,10 @@ void Invocation::TakeCommand(Words& words) {
     words.erase(words.begin() + static_cast<std::ptrdiff_t>(place));
     if (IsFamily(name)) {
         const std::size_t second = FindArgument(words, place);
-        if (second < words.size()) {
-            name += " " + words[second];
-            words.erase(words.begin() + static_cast<std::ptrdiff_t>(second));
-        }
+        if (second == words.size())
+            throw Usage("behind '" + name + "' stands one of " + MembersOf(name), nullptr);
+        name += " " + words[second];
+        words.erase(words.begin() + static_cast<std::ptrdiff_t>(second));
     }
     m_Command = FindCommand(name);
     if (m_Command == nullptr) throw Usage("there is no command '" + name + "'", nullptr);

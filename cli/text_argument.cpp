@@ -1,5 +1,7 @@
 #include "cli/text_argument.h"
 
+#include <charconv>
+
 #include "cli/failure.h"
 #include "cli/utf8.h"
 #include "database/database.h"
@@ -22,6 +24,15 @@ void RequireStorable(const tvstring& text, const char* what) {
     throw Failure(ExitCode::FormatLimit, std::string(what) + " is longer than " +
                                              std::to_string(kLongestText) +
                                              " UTF-16 units, the most that a database can hold");
+}
+
+u32 NumberArgument(const std::string& argument, const char* what, u32 least, u32 most) {
+    u32 number = 0;
+    const char* end = argument.data() + argument.size();
+    const auto result = std::from_chars(argument.data(), end, number);
+    if (result.ec == std::errc() && result.ptr == end && number >= least && number <= most) return number;
+    throw Failure(ExitCode::WrongUsage, std::string(what).append(" has to be a number from ") +
+                                            std::to_string(least) + " to " + std::to_string(most));
 }
 
 tvstring PathArgument(const std::string& argument) {

@@ -14,6 +14,9 @@ tvstring StoredArgument(const std::string& argument, const char* what);
 // Throws a Failure if the text is too long for the file format.
 void RequireStorable(const tvstring& text, const char* what);
 
+// An option's value as a number. Throws a Failure, naming it as `what`, if it is none or out of range.
+u32 NumberArgument(const std::string& argument, const char* what, u32 least, u32 most);
+
 // A path for the core's operations.
 tvstring PathArgument(const std::string& argument);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "database/clipboard.h"
 #include "foundation/path.h"
 #include "platform/memory.h"
 
@@ -12,6 +13,7 @@ constinit VMRD_DB* g_Current = nullptr;
 }  // namespace
 
 VMRD_DB::VMRD_DB() : m_Undo(this) {
+    RegisterItemsFormat();
     Reset();
 }
 

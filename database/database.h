@@ -46,7 +46,7 @@ public:
     // True if a master password is set.
     [[nodiscard]] bool HasMasterPassword() const noexcept;
 
-    // --- The file (database_file.cpp, old_format.cpp, export.cpp) ---
+    // --- The file (database_file.cpp, open_old.cpp, export.cpp) ---
 
     // Closes what is open and loads a file of the present or the old format. On failure the database is
     // closed, and the last error says why the file could not be read: 2 for an empty path, the system's code,
@@ -76,6 +76,10 @@ public:
 
     // The text that Export writes, in UTF-8.
     [[nodiscard]] tvstringA BuildExport(bool html) const;
+
+    // Fills a carrier from the clipboard (database/clipboard.h). False if there is no such format or the
+    // carrier comes out without an item.
+    static bool ReadClipboard(VMRD_DB& carrier, u32 format);
 
     // --- Changing the tree (operations.cpp, merge.cpp) ---
     //

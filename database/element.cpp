@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "database/clipboard.h"
 #include "foundation/textops.h"
 #include "platform/clock.h"
 
@@ -13,7 +14,9 @@ constexpr bool IsBasicType(u16 type) {
 
 }  // namespace
 
-VMRD_Item::VMRD_Item() = default;
+VMRD_Item::VMRD_Item() {
+    RegisterEntriesFormat();
+}
 
 const VMRD_Item* AsItem(const VMRD_Element* element) noexcept {
     if (element == nullptr || !element->IsClass(tvclassVMRD_Item)) return nullptr;

@@ -1,9 +1,8 @@
 #include "foundation/language_check.h"
 
-#include <algorithm>
 #include <utility>
 
-#include "foundation/ini_syntax.h"
+#include "foundation/ini_lines.h"
 #include "foundation/product.h"
 #include "foundation/textops.h"
 #include "foundation/tvmlang.h"
@@ -11,34 +10,6 @@
 namespace {
 
 using Kind = LanguageFinding::Kind;
-
-// A logical line with its place, and the section that is current at it (empty: none).
-struct PlacedLine {
-    std::size_t number;
-    tvstring section;
-    tvstring text;
-    IniLine read;
-};
-
-std::vector<PlacedLine> PlacedLines(const tvstring& text) {
-    std::vector<PlacedLine> lines;
-    std::u16string_view rest = text;
-    const char16_t* counted = text.data();
-    std::size_t number = 1;
-    tvstring section;
-    tvstring logical;
-    while (!rest.empty()) {
-        const std::u16string_view first = GetLogicalLine(rest, logical);
-        if (first.empty()) break;
-        number += static_cast<std::size_t>(std::count(counted, first.data(), u'\n'));
-        counted = first.data();
-        if (logical.empty()) continue;
-        IniLine read = ReadIniLine(logical);
-        if (read.kind == IniLine::Kind::Head) section = read.key;
-        lines.push_back({number, section, logical, std::move(read)});
-    }
-    return lines;
-}
 
 // The table as it grows while a file is read, keeping what stays unresolved.
 class CheckedTable : public tvmlang {

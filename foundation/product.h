@@ -10,6 +10,10 @@ inline constexpr std::u16string_view kAppName = u"Vaultmere";
 inline constexpr std::u16string_view kDevName = u"Tolvane";
 inline constexpr std::array<i32, 3> kVersion = {2, 0, 0};
 
+// Where the program keeps its settings, and the list of databases used last, in the user's settings store.
+inline constexpr const char16_t* kSettingsKey = u"Software\\Tolvane\\Vaultmere\\Settings";
+inline constexpr const char16_t* kRecentKey = u"Software\\Tolvane\\Vaultmere\\Recent File List";
+
 // The constants of the language tables: key and text.
 struct LanguageConstant {
     std::u16string_view key;

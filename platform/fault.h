@@ -24,6 +24,13 @@ enum class FaultPoint {
     RandomBytes,
     OpenKey,
     WriteValue,
+    RegisterFormat,
+    AllocateBlock,
+    LockBlock,
+    OpenClipboard,
+    EmptyClipboard,
+    PutBlock,
+    GetBlock,
     Count,
 };
 

@@ -13,6 +13,7 @@
 namespace platform {
 
 inline constexpr u32 kErrorMoreData = 234;
+inline constexpr u32 kErrorKeyDeleted = 1018;
 
 // Types of values.
 inline constexpr u32 kRegString = 1;
@@ -20,7 +21,8 @@ inline constexpr u32 kRegBinary = 3;
 inline constexpr u32 kRegWord = 4;
 inline constexpr u32 kRegQuadWord = 11;
 
-// An open key; 0 means none. To be closed with CloseKey.
+// An open key; 0 means none, for which operations give kErrorInvalidHandle; kErrorKeyDeleted if the key was
+// deleted meanwhile. To be closed with CloseKey.
 using NativeKey = std::uintptr_t;
 
 // What an open key can be used for: a key opened for writing cannot be read from, nor the other way round.
@@ -37,7 +39,8 @@ void CloseKey(NativeKey key);
 u32 QueryValue(NativeKey key, const char16_t* name, u32* type, u8* data, u32& size);
 u32 WriteValue(NativeKey key, const char16_t* name, u32 type, const u8* data, u32 size);
 
-// Deletes a value, needs a key opened for writing; or a key with all that is below it.
+// Deletes a value, needs a key opened for writing; or a key with all that is below it, but never the user's
+// root.
 u32 DeleteValue(NativeKey key, const char16_t* name);
 u32 DeleteUserTree(const char16_t* subkey);
 

@@ -59,6 +59,23 @@ private:
     [[maybe_unused]] State* m_State;  // null where nothing has to be put back
 };
 
+// While one lives, what would end the process from outside is noted, so that something can be put right
+// first.
+class InterruptWatch {
+public:
+    InterruptWatch() noexcept;
+    ~InterruptWatch();
+    InterruptWatch(const InterruptWatch&) = delete;
+    InterruptWatch& operator=(const InterruptWatch&) = delete;
+
+    // Waits; true as soon as the process was to end, also before the call.
+    bool Wait(u32 milliseconds) noexcept;
+
+private:
+    struct State;
+    State* m_State;
+};
+
 enum class PromptResult { Ok, NoTerminal, TooLong, Interrupted };
 
 // Asks on the controlling terminal, never on the standard streams, and reads one line without echo. The

@@ -16,7 +16,7 @@ import pathlib
 import subprocess
 import sys
 
-ROOMS = ("foundation", "database")
+ROOMS = ("foundation", "database", "toolkit", "windows", "shell")
 
 
 def line_counts(root, notes):

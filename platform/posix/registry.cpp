@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
-#include <optional>
+#include <utility>
 
 #include "platform/fault.h"
 #include "platform/posix/errno_map.h"
@@ -29,27 +29,26 @@ std::string& StorePath() {
     return path;
 }
 
-// The parts of the store's folder are made with the first write.
+// Empty if the user has no place for it.
 std::string DefaultPath() {
     const char* config = std::getenv("XDG_CONFIG_HOME");
+    if (config != nullptr && *config == '/') return std::string(config) + "/vaultmere/registry";
     const char* home = std::getenv("HOME");
-    std::string folder =
-        config != nullptr && *config == '/' ? config : std::string(home == nullptr ? "" : home) + "/.config";
-    ::mkdir(folder.c_str(), 0700);
-    folder += "/vaultmere";
-    ::mkdir(folder.c_str(), 0700);
-    return folder + "/registry";
+    return home == nullptr || *home == 0 ? "" : std::string(home) + "/.config/vaultmere/registry";
 }
 
-// The store's file, locked: shared for reading, exclusively for a change.
+void MakeFoldersOf(const std::string& path) {
+    for (std::size_t end = path.find('/', 1); end != path.npos; end = path.find('/', end + 1)) {
+        ::mkdir(path.substr(0, end).c_str(), 0700);
+    }
+}
+
+// The store's file, locked: shared for reading, exclusively for a change. The file and its folders are made
+// with the first change.
 class Store {
 public:
     explicit Store(KeyAccess access) {
-        if (StorePath().empty()) StorePath() = DefaultPath();
-        const bool write = access == KeyAccess::Write;
-        m_File =
-            ::open(StorePath().c_str(), write ? O_RDWR | O_CREAT | O_CLOEXEC : O_RDONLY | O_CLOEXEC, 0600);
-        if (m_File >= 0 && ::flock(m_File, write ? LOCK_EX : LOCK_SH) == 0) m_Keys = ParseRegistry(ReadAll());
+        if (!Open(access == KeyAccess::Write)) m_Status = CodeOfErrno(errno);
     }
     ~Store() {
         if (m_File >= 0) ::close(m_File);
@@ -57,28 +56,51 @@ public:
     Store(const Store&) = delete;
     Store& operator=(const Store&) = delete;
 
-    [[nodiscard]] bool IsOpen() const { return m_File >= 0; }
+    // Of opening and reading it. The file must not be written if that failed.
+    [[nodiscard]] u32 Status() const { return m_Status; }
     RegistryKeys& Keys() { return m_Keys; }
 
     u32 Write() const {
         const std::string text = FormatRegistry(m_Keys);
-        const bool good =
-            ::pwrite(m_File, text.data(), text.size(), 0) == static_cast<::ssize_t>(text.size()) &&
-            ::ftruncate(m_File, static_cast<::off_t>(text.size())) == 0;
-        return good ? kErrorNone : CodeOfErrno(errno);
+        const ::ssize_t written = ::pwrite(m_File, text.data(), text.size(), 0);
+        if (written < 0) return CodeOfErrno(errno);
+        if (static_cast<std::size_t>(written) < text.size()) return kErrorDiskFull;
+        return ::ftruncate(m_File, static_cast<::off_t>(text.size())) == 0 ? kErrorNone : CodeOfErrno(errno);
     }
 
 private:
-    [[nodiscard]] std::string ReadAll() const {
+    bool Open(bool write) {
+        const std::string path = StorePath().empty() ? DefaultPath() : StorePath();
+        const int flags = write ? O_RDWR | O_CREAT | O_CLOEXEC : O_RDONLY | O_CLOEXEC;
+        m_File = ::open(path.c_str(), flags, 0600);
+        if (m_File < 0 && write && errno == ENOENT) {
+            MakeFoldersOf(path);
+            m_File = ::open(path.c_str(), flags, 0600);
+        }
+        return m_File >= 0 && Lock(write ? LOCK_EX : LOCK_SH) && ReadAll();
+    }
+
+    [[nodiscard]] bool Lock(int kind) const {
+        int result = 0;
+        do {
+            result = ::flock(m_File, kind);
+        } while (result != 0 && errno == EINTR);
+        return result == 0;
+    }
+
+    bool ReadAll() {
         std::string text;
         char buffer[4096];
-        for (::ssize_t got = 0; (got = ::read(m_File, buffer, sizeof buffer)) > 0;) {
+        ::ssize_t got = 0;
+        while ((got = ::read(m_File, buffer, sizeof buffer)) > 0) {
             text.append(buffer, static_cast<std::size_t>(got));
         }
-        return text;
+        if (got == 0) m_Keys = ParseRegistry(text);
+        return got == 0;
     }
 
     int m_File = -1;
+    u32 m_Status = kErrorNone;
     RegistryKeys m_Keys;
 };
 
@@ -102,9 +124,18 @@ u32 Change(NativeKey key, u32 (*change)(RegistryValues&, const char16_t*, Regist
     if (key == 0) return kErrorInvalidHandle;
     if (KeyOf(key)->access != KeyAccess::Write) return kErrorAccessDenied;
     Store store(KeyAccess::Write);
-    if (!store.IsOpen()) return CodeOfErrno(errno);
-    const u32 status = change(store.Keys()[KeyOf(key)->path], name == nullptr ? u"" : name, value);
+    if (store.Status() != kErrorNone) return store.Status();
+    const auto found = store.Keys().find(KeyOf(key)->path);
+    if (found == store.Keys().end()) return kErrorKeyDeleted;
+    const u32 status = change(found->second, name == nullptr ? u"" : name, value);
     return status == kErrorNone ? store.Write() : status;
+}
+
+void AddWithParents(RegistryKeys& keys, const std::u16string& path) {
+    for (std::size_t end = path.find(u'\\'); end != path.npos; end = path.find(u'\\', end + 1)) {
+        keys[path.substr(0, end)];
+    }
+    keys[path];
 }
 
 }  // namespace
@@ -113,9 +144,9 @@ u32 OpenUserKey(const char16_t* subkey, KeyAccess access, NativeKey& key) {
     key = 0;
     if (FaultFires(FaultPoint::OpenKey)) return LastError();
     Store store(access);
-    if (!store.IsOpen()) return CodeOfErrno(errno);
+    if (store.Status() != kErrorNone) return store.Status();
     if (access == KeyAccess::Write) {
-        store.Keys()[subkey];
+        AddWithParents(store.Keys(), subkey);
         if (const u32 status = store.Write(); status != kErrorNone) return status;
     } else if (!store.Keys().contains(subkey)) {
         return kErrorFileNotFound;
@@ -132,9 +163,11 @@ u32 QueryValue(NativeKey key, const char16_t* name, u32* type, u8* data, u32& si
     if (key == 0) return kErrorInvalidHandle;
     if (KeyOf(key)->access != KeyAccess::Read) return kErrorAccessDenied;
     Store store(KeyAccess::Read);
-    const RegistryValues& values = store.Keys()[KeyOf(key)->path];
-    const auto found = values.find(name == nullptr ? u"" : name);
-    if (found == values.end()) return kErrorFileNotFound;
+    if (store.Status() != kErrorNone) return store.Status();
+    const auto values = store.Keys().find(KeyOf(key)->path);
+    if (values == store.Keys().end()) return kErrorKeyDeleted;
+    const auto found = values->second.find(name == nullptr ? u"" : name);
+    if (found == values->second.end()) return kErrorFileNotFound;
     if (type != nullptr) *type = found->second.type;
     return CopyOut(found->second, data, size);
 }
@@ -156,8 +189,9 @@ u32 DeleteValue(NativeKey key, const char16_t* name) {
 }
 
 u32 DeleteUserTree(const char16_t* subkey) {
+    if (*subkey == 0) return kErrorInvalidParameter;
     Store store(KeyAccess::Write);
-    if (!store.IsOpen()) return CodeOfErrno(errno);
+    if (store.Status() != kErrorNone) return store.Status();
     const std::u16string path = subkey;
     const auto below = [&path](const auto& key) {
         const std::u16string& name = key.first;

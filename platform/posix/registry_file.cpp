@@ -1,9 +1,10 @@
 #include "platform/posix/registry_file.h"
 
+#include <charconv>
 #include <cstdio>
-#include <cstdlib>
 #include <sstream>
 #include <string_view>
+#include <utility>
 
 #include "platform/text.h"
 
@@ -26,18 +27,26 @@ std::string EscapedName(const std::u16string& name) {
     return text;
 }
 
-std::u16string NameOf(std::string_view text) {
-    std::u16string name;
+// Digits of the base and nothing else.
+template <typename Number>
+bool ReadNumber(std::string_view digits, int base, Number& number) {
+    const char* end = digits.data() + digits.size();
+    const auto read = std::from_chars(digits.data(), end, number, base);
+    return read.ec == std::errc() && read.ptr == end;
+}
+
+bool ReadName(std::string_view text, std::u16string& name) {
+    constexpr std::size_t kDigits = 4;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '%' && i + 4 < text.size()) {
-            name +=
-                static_cast<char16_t>(std::strtoul(std::string(text.substr(i + 1, 4)).c_str(), nullptr, 16));
-            i += 4;
-        } else {
-            name += static_cast<char16_t>(static_cast<u8>(text[i]));
+        u16 unit = static_cast<u8>(text[i]);
+        if (unit == '%') {
+            if (i + kDigits >= text.size() || !ReadNumber(text.substr(i + 1, kDigits), 16, unit))
+                return false;
+            i += kDigits;
         }
+        name += static_cast<char16_t>(unit);
     }
-    return name;
+    return true;
 }
 
 std::string HexOf(const std::vector<u8>& bytes) {
@@ -50,16 +59,15 @@ std::string HexOf(const std::vector<u8>& bytes) {
     return text;
 }
 
-RegistryValue ValueOf(const std::string& text) {
-    RegistryValue value;
-    char* colon = nullptr;
-    value.type = static_cast<u32>(std::strtoul(text.c_str(), &colon, 10));
-    for (const char* digits = colon + (*colon == ':' ? 1 : 0); digits[0] != 0 && digits[1] != 0;
-         digits += 2) {
-        const char pair[] = {digits[0], digits[1], 0};
-        value.bytes.push_back(static_cast<u8>(std::strtoul(pair, nullptr, 16)));
+bool ReadValue(std::string_view text, RegistryValue& value) {
+    const std::size_t colon = text.find(':');
+    if (colon == text.npos || !ReadNumber(text.substr(0, colon), 10, value.type)) return false;
+    for (text.remove_prefix(colon + 1); !text.empty(); text.remove_prefix(2)) {
+        u8 byte = 0;
+        if (text.size() < 2 || !ReadNumber(text.substr(0, 2), 16, byte)) return false;
+        value.bytes.push_back(byte);
     }
-    return value;
+    return true;
 }
 
 }  // namespace
@@ -85,11 +93,16 @@ RegistryKeys ParseRegistry(const std::string& text) {
     RegistryValues* values = nullptr;
     std::istringstream lines(text);
     for (std::string line; std::getline(lines, line);) {
-        const std::size_t equals = line.find('=');
-        if (line.starts_with('[') && line.ends_with(']')) {
-            values = &keys[NameOf(std::string_view(line).substr(1, line.size() - 2))];
-        } else if (values != nullptr && equals != line.npos) {
-            (*values)[NameOf(std::string_view(line).substr(0, equals))] = ValueOf(line.substr(equals + 1));
+        const std::string_view view = line;
+        const std::size_t equals = view.find('=');
+        std::u16string name;
+        RegistryValue value;
+        if (view.starts_with('[')) {
+            const bool good = view.ends_with(']') && ReadName(view.substr(1, view.size() - 2), name);
+            values = good ? &keys[name] : nullptr;
+        } else if (values != nullptr && equals != view.npos && ReadName(view.substr(0, equals), name) &&
+                   ReadValue(view.substr(equals + 1), value)) {
+            (*values)[name] = std::move(value);
         }
     }
     return keys;

@@ -24,7 +24,8 @@ struct RegistryValue {
 using RegistryValues = std::map<std::u16string, RegistryValue, NoCaseLess>;
 using RegistryKeys = std::map<std::u16string, RegistryValues, NoCaseLess>;
 
-// Text to document and back. Lines that are no key and no value are passed over.
+// Keys and values to a document and back. Lines that are no key and no value are passed over, and so are
+// values behind a damaged key.
 std::string FormatRegistry(const RegistryKeys& keys);
 RegistryKeys ParseRegistry(const std::string& text);
 

@@ -9,7 +9,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
+#include <new>
 
 #include "platform/posix/errno_map.h"
 #include "platform/posix/path_bytes.h"
@@ -237,6 +239,32 @@ InterruptGuard::InterruptGuard() noexcept : m_State(new (std::nothrow) State) {
 InterruptGuard::~InterruptGuard() {
     if (m_State != nullptr) ::sigprocmask(SIG_SETMASK, &m_State->oldMask, nullptr);
     delete m_State;
+}
+
+struct InterruptWatch::State {
+    InterruptGuard guard;
+};
+
+InterruptWatch::InterruptWatch() noexcept : m_State(new (std::nothrow) State) {}
+
+InterruptWatch::~InterruptWatch() {
+    delete m_State;
+}
+
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): on Windows it needs what the object holds
+bool InterruptWatch::Wait(u32 milliseconds) noexcept {
+    using Clock = std::chrono::steady_clock;
+    using std::chrono::nanoseconds;
+    constexpr long kPerSecond = 1'000'000'000;
+    const ::sigset_t awaited = SetOf(kEndingSignals);
+    const Clock::time_point end = Clock::now() + std::chrono::milliseconds(milliseconds);
+    // Being stopped and continued ends the system's waiting too early.
+    for (;;) {
+        const long left = std::chrono::duration_cast<nanoseconds>(end - Clock::now()).count();
+        if (left <= 0) return false;
+        const ::timespec limit{left / kPerSecond, left % kPerSecond};
+        if (::sigtimedwait(&awaited, nullptr, &limit) > 0) return true;
+    }
 }
 
 PromptResult PromptSecret(const std::string& prompt, char* out, std::size_t capacity, std::size_t& length) {

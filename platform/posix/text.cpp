@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "platform/posix/code_page.h"
+#include "platform/posix/sort_key.h"
 
 namespace platform {
 namespace {
@@ -118,6 +119,8 @@ int CompareForUser(const char16_t* a, const char16_t* b) noexcept {
 std::size_t SortKeyForUser(const char16_t* text, u8* out, std::size_t capacity) noexcept {
     const UCollator* collator = NaturalCollator();
     if (collator == nullptr) return 0;
+    static const PlainSortKeys plain(collator);
+    if (const std::size_t size = plain.Key(text, out, capacity); size != 0) return size;
     return static_cast<std::size_t>(
         ucol_getSortKey(collator, text, -1, out, static_cast<std::int32_t>(capacity)));
 }

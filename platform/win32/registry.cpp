@@ -15,6 +15,8 @@ u32 StatusOf(LSTATUS status) noexcept {
     return static_cast<u32>(status);
 }
 
+static_assert(kErrorMoreData == ERROR_MORE_DATA && kErrorKeyDeleted == ERROR_KEY_DELETED);
+
 }  // namespace
 
 u32 OpenUserKey(const char16_t* subkey, KeyAccess access, NativeKey& key) {
@@ -52,6 +54,7 @@ u32 DeleteValue(NativeKey key, const char16_t* name) {
 }
 
 u32 DeleteUserTree(const char16_t* subkey) {
+    if (*subkey == 0) return kErrorInvalidParameter;
     return StatusOf(RegDeleteTreeW(HKEY_CURRENT_USER, Wide(subkey)));
 }
 

@@ -1,6 +1,7 @@
 #include "platform/terminal.h"
 
 #include <algorithm>
+#include <new>
 
 #include "platform/memory.h"
 #include "platform/text.h"
@@ -190,6 +191,49 @@ InterruptGuard::InterruptGuard() noexcept : m_State(nullptr) {
 
 InterruptGuard::~InterruptGuard() {
     ::SetConsoleCtrlHandler(nullptr, FALSE);
+}
+
+namespace {
+
+struct WatchEvents {
+    HANDLE interrupted;
+    HANDLE done;
+};
+WatchEvents* s_Watch = nullptr;
+
+// Runs on a thread of its own. A console that is closed ends the process as soon as this returns.
+BOOL WINAPI NoteInterrupt(DWORD) {
+    constexpr DWORD kPatience = 4000;
+    ::SetEvent(s_Watch->interrupted);
+    ::WaitForSingleObject(s_Watch->done, kPatience);
+    return TRUE;
+}
+
+}  // namespace
+
+struct InterruptWatch::State : WatchEvents {};
+
+InterruptWatch::InterruptWatch() noexcept : m_State(new (std::nothrow) State{}) {
+    if (m_State == nullptr) return;
+    m_State->interrupted = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    m_State->done = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    s_Watch = m_State;
+    ::SetConsoleCtrlHandler(&NoteInterrupt, TRUE);
+}
+
+// The handler may be at work: what it uses stays.
+InterruptWatch::~InterruptWatch() {
+    if (m_State == nullptr) return;
+    ::SetConsoleCtrlHandler(&NoteInterrupt, FALSE);
+    ::SetEvent(m_State->done);
+}
+
+bool InterruptWatch::Wait(u32 milliseconds) noexcept {
+    if (m_State == nullptr) {
+        ::Sleep(milliseconds);
+        return false;
+    }
+    return ::WaitForSingleObject(m_State->interrupted, milliseconds) == WAIT_OBJECT_0;
 }
 
 PromptResult PromptSecret(const std::string& prompt, char* out, std::size_t capacity, std::size_t& length) {

@@ -10,9 +10,9 @@ ROOMS = ("platform", "foundation", "database", "toolkit", "windows", "shell", "c
 
 # What needs no window in the rooms that have windows: colour themes, the logic of search, sort and generator,
 # the settings and the recent list. Each entry is the start of a path.
-THEMES = ("toolkit/color_theme.", "toolkit/theme_list.")
-LOGIC = tuple(f"windows/{name}." for name in ("generator", "item_view", "search", "sort", "text_finder"))
-SETTINGS = tuple(f"shell/{name}." for name in ("app_settings", "recent_list"))
+THEMES = tuple(f"toolkit/{name}." for name in ("color_theme", "theme_check", "theme_list"))
+LOGIC = tuple(f"windows/{name}." for name in ("generator", "item_view", "known_order", "search", "sort", "text_finder"))
+SETTINGS = tuple(f"shell/{name}." for name in ("app_settings", "load_store", "placement", "recent_list"))
 
 # The core: what must build for every system, from nothing but the standard library and platform/.
 CORE = ("foundation/", "database/", *THEMES, *LOGIC, *SETTINGS, "cli/")

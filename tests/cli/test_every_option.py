@@ -8,17 +8,26 @@ import json
 import re
 import shutil
 
+from fake_clipboard import give_clipboard
+from test_theme import theme
 from vmr import MASTER, REPOSITORY, SECRET, VmrTest, item
 
 # Words that stand for a path of the test are written in capitals; see setUp.
 VALUES = {
     "--codepage": "1252",
+    "--count": "2",
+    "--max": "30",
+    "--min": "5",
+    "--mode": "any",
     "--name": "x",
     "--new-password-file": "NEW",
     "--note": "text",
     "--password-file": "MASTER",
     "--program": "p",
+    "--search": "Bank",
     "--secret-file": "SECRET",
+    "--sort": "az",
+    "--timeout": "1",
     "--username": "u",
     "--value-file": "SECRET",
 }
@@ -26,20 +35,25 @@ VALUES = {
 COMMON = ["--no-input", "--codepage"]
 OPENING = ["--password-stdin", "--password-file"]
 READING = [*OPENING, "--json"]
+CLASSES = ["--min", "--max", "--upper", "--lower", "--digits", "--other"]
 
 # command -> arguments, options that each sample has unless it is about them, all options besides the common
 COMMANDS = {
     "new": (["OUT"], ["--password-file", "--name"], [*OPENING, "--name", "--force"]),
     "info": (["SAMPLE"], ["--password-file"], READING),
-    "ls": (["SAMPLE"], ["--password-file"], [*READING, "--null"]),
+    "ls": (["SAMPLE"], ["--password-file"], [*READING, "--null", "--search", "--mode", "--in-passwords", "--sort"]),
     "show": (["SAMPLE", "Bank"], ["--password-file"], [*READING, "--reveal"]),
     "get": (["SAMPLE", "Bank", "name"], ["--password-file"], [*READING, "--no-newline"]),
     "add": (
         ["SAMPLE", "x"],
         ["--password-file"],
-        [*OPENING, "--program", "--username", "--note", "--secret-stdin", "--secret-file"],
+        [*OPENING, "--program", "--username", "--note", "--secret-stdin", "--secret-file", "--generate", *CLASSES],
     ),
-    "set": (["SAMPLE", "Bank", "password"], ["--password-file"], [*OPENING, "--stdin", "--value-file"]),
+    "set": (
+        ["SAMPLE", "Bank", "password"],
+        ["--password-file"],
+        [*OPENING, "--stdin", "--value-file", "--generate", *CLASSES],
+    ),
     "rm": (["SAMPLE", "Bank"], ["--password-file"], OPENING),
     "move": (["SAMPLE", "Bank", "down"], ["--password-file"], OPENING),
     "merge": (["SAMPLE", "Bank", "Mail"], ["--password-file"], OPENING),
@@ -53,6 +67,10 @@ COMMANDS = {
     ),
     "dump": (["SAMPLE"], ["--password-file"], READING),
     "load": (["JSON", "OUT"], ["--password-file"], [*OPENING, "--force"]),
+    "generate": ([], [], ["--json", "--count", *CLASSES]),
+    "clip": (["SAMPLE", "Bank", "username"], ["--password-file", "--timeout"], [*OPENING, "--timeout"]),
+    "theme check": (["THEME"], [], ["--json"]),
+    "theme show": (["THEME"], [], ["--json"]),
     "lang check": (["LANGUAGE"], [], ["--json"]),
     "lang dump": (["LANGUAGE"], [], ["--json"]),
     "lang text": (["LANGUAGE", "global", "ok"], [], ["--json"]),
@@ -77,7 +95,9 @@ def sample_of(command, option):
     arguments, needed, _ = COMMANDS[command]
     chosen = [*needed, option] if option not in needed else list(needed)
     stdin = ""
-    if command == "set" and option not in ("--stdin", "--value-file"):
+    if command in ("add", "set") and option in CLASSES:
+        chosen.append("--generate")
+    elif command == "set" and option not in ("--stdin", "--value-file", "--generate"):
         chosen.append("--value-file")
     if option == "--password-stdin":
         chosen.remove("--password-file")
@@ -95,6 +115,7 @@ def long_options(text):
 class EveryOption(VmrTest):
     def setUp(self):
         super().setUp()
+        give_clipboard(self)
         self.places = {
             "MASTER": self.master,
             "NEW": self.new_master,
@@ -105,6 +126,7 @@ class EveryOption(VmrTest):
             "OLD": self.path("old.vmr"),
             "OUT": self.path("out"),
             "LANGUAGE": REPOSITORY / "resources" / "english.ini",
+            "THEME": self.write("theme.ini", theme()),
         }
         shutil.copyfile(REPOSITORY / "tests" / "data" / "database" / "old-long.vmr", self.places["OLD"])
 

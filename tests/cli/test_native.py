@@ -5,7 +5,8 @@ This is the one place that decides what is run where: a Windows program is run w
 
 from vmr import IS_NATIVE
 
-NATIVE_MODULES = ["native_prompts", "native_streams", "native_locks", "native_limits", "native_process"]
+NATIVE_MODULES = ["native_prompts", "native_streams", "native_locks", "native_limits", "native_process",
+                  "native_clip"]
 
 
 def load_tests(loader, tests, _pattern):

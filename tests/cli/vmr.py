@@ -77,9 +77,9 @@ def item(name, program="", username="", password="", notes=(), date=DATE):
     return {"name": name, "date": date, "entries": basic + [entry(6, note) for note in notes]}
 
 
-def environment():
+def environment(own=None):
     """Nothing of the caller's surroundings may change what the program says."""
-    env = {**os.environ, "LC_ALL": "C.UTF-8", "TZ": "UTC"}
+    env = {**os.environ, "LC_ALL": "C.UTF-8", "TZ": "UTC", **(own or {})}
     if not IS_NATIVE:
         env.setdefault("WINEDEBUG", "-all")
     return env
@@ -109,6 +109,7 @@ class VmrTest(unittest.TestCase):
         self.folder = Path(folder.name).resolve()
         self.masters = list(MASTERS)
         self.secrets = [SECRET]
+        self.surroundings = {}  # environment variables of this test alone
         self.master = self.write("master.txt", MASTER + "\n")
         self.new_master = self.write("new-master.txt", NEW_MASTER + "\n")
 
@@ -133,7 +134,7 @@ class VmrTest(unittest.TestCase):
                 input=stdin.encode("utf-8") if isinstance(stdin, str) else stdin,
                 stdout=out,
                 stderr=err,
-                env=environment(),
+                env=environment(self.surroundings),
                 timeout=PATIENCE,
                 check=False,
             )
