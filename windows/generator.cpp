@@ -82,10 +82,12 @@ class SystemRandom : public PassGenRandom {
 public:
     void FetchBlock(u8* out32) override { GenerateSalt(out32); }
 
+    // Counted, too: without random bytes of the system all blocks of one second are alike.
     u8 Neighbour() override {
+        static u8 calls = 0;
         SecretBytes<kBlockSize> bytes;
         GenerateSalt(bytes.Data());
-        return bytes.Data()[0];
+        return static_cast<u8>(bytes.Data()[kBlockSize - 1] ^ ++calls);
     }
 };
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/memory.h"
+
 namespace {
 
 // Tells whether a text is still the same: not meant to withstand anybody.
@@ -23,7 +25,13 @@ u64 HashOf(std::u16string_view text) {
 
 }  // namespace
 
+void KnownOrder::Forget() {
+    platform::WipeMemory(m_Known.data(), m_Known.size() * sizeof(Known));
+    m_Known.clear();
+}
+
 void KnownOrder::Learn(const std::vector<ViewRow>& rows, const std::vector<u32>& order) {
+    Forget();
     m_Known.resize(rows.size());
     for (std::size_t i = 0; i < rows.size(); ++i)
         m_Known[i] = {rows[i].m_data, HashOf(ElementText(rows[i].m_data)), 0};

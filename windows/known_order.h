@@ -7,6 +7,11 @@
 
 class KnownOrder {
 public:
+    KnownOrder() = default;
+    ~KnownOrder() { Forget(); }
+    KnownOrder(const KnownOrder&) = delete;
+    KnownOrder& operator=(const KnownOrder&) = delete;
+
     // Takes the order of rows, which stand as in the source, from OrderByText.
     void Learn(const std::vector<ViewRow>& rows, const std::vector<u32>& order);
 
@@ -14,7 +19,8 @@ public:
     // them are known with the texts that they have now.
     bool Sort(std::vector<ViewRow>& rows) const;
 
-    void Forget() { m_Known.clear(); }
+    // What is known of the texts is wiped.
+    void Forget();
 
 private:
     struct Known {

@@ -1,6 +1,7 @@
 #include "platform/clipboard.h"
 
 #include <algorithm>
+#include <exception>
 #include <map>
 #include <new>
 #include <string>
@@ -25,6 +26,14 @@ struct Clipboard {
 Clipboard& TheClipboard() {
     static Clipboard clipboard;
     return clipboard;
+}
+
+Block* MakeBlock(std::size_t size) noexcept {
+    try {
+        return FaultFires(FaultPoint::AllocateBlock) ? nullptr : new Block(size);
+    } catch (const std::exception&) {
+        return nullptr;
+    }
 }
 
 }  // namespace
@@ -64,7 +73,7 @@ void CloseClipboard() noexcept {
 
 ClipboardBlock::ClipboardBlock(std::size_t size, std::span<const u8> first,
                                std::span<const u8> second) noexcept
-    : m_Block(FaultFires(FaultPoint::AllocateBlock) ? nullptr : new (std::nothrow) Block(size)) {
+    : m_Block(MakeBlock(size)) {
     auto* block = static_cast<Block*>(m_Block);
     if (block == nullptr) return;
     if (FaultFires(FaultPoint::LockBlock)) {

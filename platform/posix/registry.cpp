@@ -190,6 +190,7 @@ u32 DeleteValue(NativeKey key, const char16_t* name) {
 
 u32 DeleteUserTree(const char16_t* subkey) {
     if (*subkey == 0) return kErrorInvalidParameter;
+    if (Store(KeyAccess::Read).Status() == kErrorFileNotFound) return kErrorFileNotFound;
     Store store(KeyAccess::Write);
     if (store.Status() != kErrorNone) return store.Status();
     const std::u16string path = subkey;

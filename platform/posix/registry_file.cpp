@@ -1,8 +1,8 @@
 #include "platform/posix/registry_file.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
-#include <sstream>
 #include <string_view>
 #include <utility>
 
@@ -91,17 +91,17 @@ std::string FormatRegistry(const RegistryKeys& keys) {
 RegistryKeys ParseRegistry(const std::string& text) {
     RegistryKeys keys;
     RegistryValues* values = nullptr;
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line);) {
-        const std::string_view view = line;
-        const std::size_t equals = view.find('=');
+    for (std::string_view rest = text; !rest.empty();) {
+        const std::string_view line = rest.substr(0, rest.find('\n'));
+        rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+        const std::size_t equals = line.find('=');
         std::u16string name;
         RegistryValue value;
-        if (view.starts_with('[')) {
-            const bool good = view.ends_with(']') && ReadName(view.substr(1, view.size() - 2), name);
+        if (line.starts_with('[')) {
+            const bool good = line.ends_with(']') && ReadName(line.substr(1, line.size() - 2), name);
             values = good ? &keys[name] : nullptr;
-        } else if (values != nullptr && equals != view.npos && ReadName(view.substr(0, equals), name) &&
-                   ReadValue(view.substr(equals + 1), value)) {
+        } else if (values != nullptr && equals != line.npos && ReadName(line.substr(0, equals), name) &&
+                   ReadValue(line.substr(equals + 1), value)) {
             (*values)[name] = std::move(value);
         }
     }

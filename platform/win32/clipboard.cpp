@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/fault.h"
-#include "platform/win32/windows.h"
+#include "platform/windows_api.h"
 
 namespace platform {
 namespace {

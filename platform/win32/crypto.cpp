@@ -1,7 +1,7 @@
 #include "platform/crypto.h"
 
 #include "platform/fault.h"
-#include "platform/win32/windows.h"
+#include "platform/windows_api.h"
 
 // After windows.h, whose types it needs.
 #include <bcrypt.h>

@@ -4,7 +4,7 @@
 
 #include "platform/error.h"
 #include "platform/fault.h"
-#include "platform/win32/windows.h"
+#include "platform/windows_api.h"
 
 // After windows.h, whose types they need.
 #include <combaseapi.h>

@@ -1,7 +1,7 @@
 #include "platform/registry.h"
 
 #include "platform/fault.h"
-#include "platform/win32/windows.h"
+#include "platform/windows_api.h"
 
 namespace platform {
 namespace {

@@ -1,6 +1,6 @@
 #include "platform/resource.h"
 
-#include "platform/win32/windows.h"
+#include "platform/windows_api.h"
 
 namespace platform {
 

@@ -5,7 +5,7 @@
 
 #include "platform/memory.h"
 #include "platform/text.h"
-#include "platform/win32/windows.h"
+#include "platform/windows_api.h"
 
 #include <shellapi.h>
 

@@ -3,7 +3,7 @@
 #include <atomic>
 #include <limits>
 
-#include "platform/win32/windows.h"
+#include "platform/windows_api.h"
 
 // After windows.h, whose types it needs.
 #include <shlwapi.h>

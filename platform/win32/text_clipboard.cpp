@@ -1,7 +1,7 @@
 #include "platform/text_clipboard.h"
 
 #include "platform/clipboard.h"
-#include "platform/win32/windows.h"
+#include "platform/windows_api.h"
 
 namespace platform {
 namespace {

@@ -2,7 +2,7 @@
 
 import subprocess
 
-from lint_checks.project import ROOMS, Result, in_parallel
+from lint_checks.project import ROOMS, Result, in_parallel, is_for_windows
 
 TITLE = "each header compiles alone"
 MEND = "Include in the header what it uses, or declare it there."
@@ -13,7 +13,7 @@ WINDOWS = "x86_64-w64-mingw32-g++-posix"
 
 
 def compiler_for(path):
-    return WINDOWS if path.as_posix().startswith("platform/win32/") else NATIVE
+    return WINDOWS if is_for_windows(path) else NATIVE
 
 
 def definitions(path):

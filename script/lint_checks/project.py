@@ -14,6 +14,19 @@ THEMES = tuple(f"toolkit/{name}." for name in ("color_theme", "theme_check", "th
 LOGIC = tuple(f"windows/{name}." for name in ("generator", "item_view", "known_order", "search", "sort", "text_finder"))
 SETTINGS = tuple(f"shell/{name}." for name in ("app_settings", "load_store", "placement", "recent_list"))
 
+# What needs no window; of the rooms above, all else is for Windows alone.
+WINDOWLESS = (*THEMES, *LOGIC, *SETTINGS)
+WINDOW_ROOMS = ("toolkit/", "windows/", "shell/")
+FOR_WINDOWS = ("platform/win32/", "platform/windows_api.h", "tests/gui/", "tests/gallery/")
+
+
+def is_for_windows(path):
+    """True for a file that only a Windows program is made of."""
+    name = path.as_posix()
+    return name.startswith(FOR_WINDOWS) or "_win32" in path.name or (
+        name.startswith(WINDOW_ROOMS) and not name.startswith(WINDOWLESS))
+
+
 # The core: what must build for every system, from nothing but the standard library and platform/.
 CORE = ("foundation/", "database/", *THEMES, *LOGIC, *SETTINGS, "cli/")
 

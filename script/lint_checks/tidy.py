@@ -12,7 +12,7 @@ import re
 import shlex
 import subprocess
 
-from lint_checks.project import ROOMS, Result, in_parallel
+from lint_checks.project import ROOMS, Result, in_parallel, is_for_windows
 
 TITLE = "clang-tidy"
 MEND = ("Change the code as the finding says. Where the code is right and the finding isn't, write "
@@ -54,8 +54,8 @@ def flags_of(entry):
 
 
 def windows_commands(project):
-    """The same for the Windows half of platform/, which the native build doesn't know."""
-    sources = project.files(("platform/win32",), {".cpp"})
+    """The same for what is for Windows alone, which the native build doesn't know."""
+    sources = [source for source in project.files(ROOMS, {".cpp"}) if is_for_windows(source)]
     if not sources:
         return {}
     library = subprocess.run([f"{MINGW}-g++-posix", "-print-file-name=include/c++"], capture_output=True,

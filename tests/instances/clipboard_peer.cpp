@@ -4,20 +4,20 @@
 //
 //   item DATE NAME            appends an item to the database
 //   entry TYPE TEXT           appends an entry to the last item
-//   items, entries            what the database has, as in the two commands above; the entries of its last
-//   item many NUMBER               appends that many items with an entry each copy-items PLACE ... copies the
-//   items at these places, counted from 0; all without one copy-entries PLACE ...    the same for entries of
-//   the last item paste-items               what the items on the clipboard are, as "items" tells it
+//   many NUMBER               appends that many items with an entry each
+//   items                     what the database has, told as in the commands "item" and "entry"
+//   copy-items PLACE ...      copies the items at these places, counted from 0; all without one
+//   copy-entries PLACE ...    the same for entries of the last item
+//   paste-items               what the items on the clipboard are, told as by "items"
 //   paste-entries             the same for entries
-//   block-items, block-entries   the block on the clipboard, as hexadecimal digits
+//   block                     the block of the items on the clipboard, as hexadecimal digits
 //   text                      the text on the clipboard
 //   clear                     empties the clipboard
-#include <algorithm>
-#include <cstring>
 #include <iostream>
 #include <map>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "database/clipboard.h"
@@ -53,30 +53,29 @@ bool AppendItem(const tvstring& argument) {
 
 bool AppendEntry(const tvstring& argument) {
     const auto [type, text] = NumberAndText(argument);
-    if (g_Database.m_Tail == nullptr) return false;
-    return AddEntryCopy(*g_Database.m_Tail, VMRD_Entry(static_cast<u16>(type), text), nullptr) != nullptr;
+    ItemElement* last = g_Database.Tail();
+    if (last == nullptr) return false;
+    return AddEntryCopy(*last, VMRD_Entry(static_cast<u16>(type), text), nullptr) != nullptr;
 }
 
 bool AppendMany(const tvstring& count) {
     for (u64 i = 0; i < ParseU64(count); ++i) {
         const tvstring number = FormatU64(i, U64Format::Decimal);
-        if (!AppendItem(number + u" item " + number) ||
-            !AppendEntry(u"6 text " + std::u16string(number.view())))
-            return false;
+        if (!AppendItem(number + u" item " + number)) return false;
+        if (!AppendEntry(tvstring(u"6 text ") + number)) return false;
     }
     return true;
 }
 
 void TellEntries(const EntryList& list) {
     for (const EntryElement* entry = list.m_Head; entry != nullptr; entry = entry->m_Next)
-        Tell(u"entry " + std::u16string(FormatInt(entry->m_Type).view()) + u" " +
-             std::u16string(entry->m_Text.view()));
+        Tell(tvstring(u"entry ") + FormatInt(entry->m_Type) + u" " + entry->m_Text);
 }
 
 void TellItems(const ItemList& list) {
     for (const ItemElement* item = list.m_Head; item != nullptr; item = item->m_Next) {
         const tvstring date = FormatU64(item->m_Date, U64Format::Decimal);
-        Tell(u"item " + std::u16string(date.view()) + u" " + std::u16string(item->m_Name.view()));
+        Tell(tvstring(u"item ") + date + u" " + item->m_Name);
         TellEntries(*item);
     }
 }
@@ -124,8 +123,8 @@ std::vector<u8> BytesOnClipboard(u32 format) {
     return bytes;
 }
 
-bool TellBlock(u32 format) {
-    const std::vector<u8> bytes = BytesOnClipboard(format);
+bool TellBlock(const tvstring&) {
+    const std::vector<u8> bytes = BytesOnClipboard(ItemsClipboardFormat());
     if (bytes.empty()) return false;
     Tell(BytesToHex(bytes.data(), bytes.size()));
     return true;
@@ -155,17 +154,11 @@ const std::map<std::string_view, bool (*)(const tvstring&)> kCommands = {
          TellItems(g_Database);
          return true;
      }},
-    {"entries",
-     [](const tvstring&) {
-         TellEntries(*g_Database.m_Tail);
-         return true;
-     }},
     {"copy-items", CopyChosenItems},
     {"copy-entries", CopyChosenEntries},
     {"paste-items", [](const tvstring&) { return Paste(ItemsClipboardFormat()); }},
     {"paste-entries", [](const tvstring&) { return Paste(EntriesClipboardFormat()); }},
-    {"block-items", [](const tvstring&) { return TellBlock(ItemsClipboardFormat()); }},
-    {"block-entries", [](const tvstring&) { return TellBlock(EntriesClipboardFormat()); }},
+    {"block", TellBlock},
     {"text", TellText},
     {"clear", Clear},
 };

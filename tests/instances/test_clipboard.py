@@ -47,8 +47,8 @@ class TwoClipboards(PeerTest):
         self.assertTrue(answer.done, command)
         return answer.told
 
-    def block(self, peer, kind):
-        return bytes.fromhex(self.pasted(peer, f"block-{kind}")[0])
+    def block(self, peer):
+        return bytes.fromhex(self.pasted(peer, "block")[0])
 
     # --- Items ---
 
@@ -120,8 +120,8 @@ class TwoClipboards(PeerTest):
         blocks = []
         for peer in (self.first, self.first, self.second):
             self.copy(peer, "copy-items")
-            block = self.block(self.second, "items")
-            self.assertEqual(block, self.block(self.first, "items"))
+            block = self.block(self.second)
+            self.assertEqual(block, self.block(self.first))
             blocks.append(block)
         parts = [(block[KEY_HASH], block[SALT], block[CIPHER]) for block in blocks]
         for part in zip(*parts):
@@ -172,7 +172,3 @@ class TwoClipboards(PeerTest):
             source, target = chance.sample([self.first, self.second], 2)
             self.copy(source, "copy-items " + " ".join(map(str, places)))
             self.assertEqual(self.pasted(target, "paste-items"), [line for place in places for line in items[place]])
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -4,7 +4,7 @@
 //   hold      opens the clipboard and leaves it open
 //   release   closes it
 //   own       replaces what is on the clipboard by a text
-#include "platform/win32/windows.h"
+#include "platform/windows_api.h"
 
 #include <cstring>
 #include <iostream>

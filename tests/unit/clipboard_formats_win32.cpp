@@ -1,4 +1,4 @@
-#include "platform/win32/windows.h"
+#include "platform/windows_api.h"
 #include "tests/unit/clipboard_formats.h"
 
 // Once there is a text the system adds its locale, behind what programs put, and then the other forms of the

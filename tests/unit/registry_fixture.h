@@ -25,7 +25,7 @@ protected:
     static constexpr const char16_t* kLightTheme = u"AppsUseLightTheme";
 
     RegistryTest() {
-        platform::UseRegistryFile(m_Folder.Path(u"registry").c_str());
+        UseOwnFile();
         platform::DeleteUserTree(kProgramTree);
         m_PersonalizeWasThere = Exists(kPersonalizeKey);
         m_LightThemeWasThere = Stored(kPersonalizeKey, kLightTheme) != "absent";
@@ -33,6 +33,7 @@ protected:
         if (m_LightThemeWasThere) Delete(kPersonalizeKey, kLightTheme);
     }
     ~RegistryTest() override {
+        UseOwnFile();  // a test may have chosen the user's
         platform::ClearFaults();
         platform::DeleteUserTree(kProgramTree);
         if (!m_PersonalizeWasThere) {
@@ -91,6 +92,8 @@ protected:
     Faults m_Faults;
 
 private:
+    void UseOwnFile() { platform::UseRegistryFile(m_Folder.Path(u"registry").c_str()); }
+
     bool m_PersonalizeWasThere = false;
     bool m_LightThemeWasThere = false;
     u32 m_LightThemeType = 0;

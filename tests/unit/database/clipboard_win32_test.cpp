@@ -1,5 +1,5 @@
 // What Windows itself has on the clipboard after a copy.
-#include "platform/win32/windows.h"
+#include "platform/windows_api.h"
 
 // After windows.h, which sets what its parts need.
 #include <gmock/gmock.h>

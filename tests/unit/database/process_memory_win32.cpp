@@ -1,4 +1,4 @@
-#include "platform/win32/windows.h"
+#include "platform/windows_api.h"
 #include "tests/unit/database/process_memory.h"
 
 namespace {

@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <atomic>
+#include <thread>
 #include <vector>
 
 #include "platform/fault.h"
@@ -148,6 +149,31 @@ TEST_F(RegReadValueTest, GivesNothingIfThereIsNoMemory) {
     EXPECT_TRUE(RegReadValue(key.Get(), u"v", &type).Empty());
     EXPECT_EQ(type, 0U);
     EXPECT_EQ(LastError(), platform::kErrorNotEnoughMemory);
+}
+
+// Between the question for the size and the reading the value may have grown.
+TEST_F(RegReadValueTest, GivesAWholeValueOrNothingWhileAnotherThreadChangesIt) {
+    const std::vector<u8> bytes(50'000, 0xAB);
+    Put(kTestKey, u"v", 77, bytes);
+    std::atomic<bool> isDone = false;
+    std::thread other([&bytes, &isDone] {
+        const RegKey key = Writing();
+        for (u32 size = 1; !isDone; size = size == 1 ? 50'000 : 1)
+            RegWriteValue(key.Get(), u"v", bytes.data(), size, 77);
+    });
+    const RegKey key = Reading();
+    bool hasFailed = false;
+    for (int round = 0; round < 2000 && !hasFailed; ++round) {
+        u32 type = kUnset;
+        const std::vector<u8> read = BytesOf(RegReadValue(key.Get(), u"v", &type));
+        hasFailed = read.empty();
+        EXPECT_EQ(LastError(), hasFailed ? platform::kErrorMoreData : kErrorNone);
+        EXPECT_EQ(type, hasFailed ? 0U : 77U);
+        EXPECT_TRUE(hasFailed || read.size() == 1 || read.size() == bytes.size());
+        EXPECT_EQ(read, std::vector<u8>(read.size(), 0xAB));
+    }
+    isDone = true;
+    other.join();
 }
 
 TEST_F(RegReadValueTest, TellsThatTheKeyWasDeleted) {

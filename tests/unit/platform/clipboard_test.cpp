@@ -119,6 +119,18 @@ TEST_F(Clipboard, TakesABlockOfPartsWithZerosBehindThem) {
     EXPECT_THAT(Get(m_Format), ElementsAre(1, 2, 3, 0, 0, 0));
 }
 
+// Where memory that was used before comes back, too.
+TEST_F(Clipboard, HasZerosInABlockWhereNothingWasPut) {
+    for (const std::size_t size : {16U, 40U, 200U, 5000U}) {
+        for (int i = 0; i < 50; ++i)
+            const ClipboardBlock used(size, Bytes(size, 0xAA));
+        OpenEmpty();
+        EXPECT_TRUE(ClipboardBlock(size, {}).Put(m_Format));
+        EXPECT_EQ(Get(m_Format), Bytes(size)) << size;
+        platform::CloseClipboard();
+    }
+}
+
 TEST_F(Clipboard, TakesALargeBlock) {
     Bytes large(3'000'000);
     for (std::size_t i = 0; i < large.size(); ++i)

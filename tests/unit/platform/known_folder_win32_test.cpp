@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/file.h"
-#include "platform/win32/windows.h"
+#include "platform/windows_api.h"
 
 // After windows.h, whose types they need.
 #include <combaseapi.h>

@@ -183,9 +183,10 @@ TEST_F(RegistryFileOnDisk, IsForItsUserAlone) {
     EXPECT_EQ(Rights(m_Folder.Path(u"new")), 0700U);
 }
 
-TEST_F(RegistryFileOnDisk, IsNotMadeByReading) {
+TEST_F(RegistryFileOnDisk, IsNotMadeByReadingAndDeleting) {
     platform::UseRegistryFile(m_Folder.Path(u"new/registry").c_str());
     EXPECT_EQ(StatusOf(KeyAccess::Read), kErrorFileNotFound);
+    EXPECT_EQ(platform::DeleteUserTree(kTestKey), kErrorFileNotFound);
     EXPECT_FALSE(IsThere(m_Folder.Path(u"new")));
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <latch>
 #include <thread>
 #include <vector>
 
@@ -299,14 +300,16 @@ TEST_F(RegistryStore, WritesNothingWhileTheSystemFails) {
 
 TEST_F(RegistryStore, LosesNothingThatIsWrittenAtTheSameTime) {
     constexpr int kThreads = 4;
-    constexpr u32 kValues = 25;
+    constexpr u32 kValues = 50;
+    std::latch start(kThreads);
     std::vector<std::thread> threads;
     for (int thread = 0; thread < kThreads; ++thread) {
-        threads.emplace_back([thread] {
+        threads.emplace_back([thread, &start] {
             const OpenKey key(kTestKey, KeyAccess::Write);
+            start.arrive_and_wait();
             for (u32 i = 0; i < kValues; ++i) {
                 const char16_t name[] = {static_cast<char16_t>(u'a' + thread),
-                                         static_cast<char16_t>(u'a' + i), 0};
+                                         static_cast<char16_t>(0x4E00 + i), 0};
                 Write(key, name, {static_cast<u8>(i)});
             }
         });
@@ -315,7 +318,7 @@ TEST_F(RegistryStore, LosesNothingThatIsWrittenAtTheSameTime) {
         thread.join();
     for (int thread = 0; thread < kThreads; ++thread) {
         for (u32 i = 0; i < kValues; ++i) {
-            const char16_t name[] = {static_cast<char16_t>(u'a' + thread), static_cast<char16_t>(u'a' + i),
+            const char16_t name[] = {static_cast<char16_t>(u'a' + thread), static_cast<char16_t>(0x4E00 + i),
                                      0};
             EXPECT_EQ(Stored(kTestKey, name), "3:" + ToHex(std::array{static_cast<u8>(i)}));
         }

@@ -127,7 +127,8 @@ TEST_F(AppSettingsTest, StoringAHistoryThatIsOnLeavesTheRecentListAlone) {
     PutText(kRecentKey, u"File1", u"a.vmr");
     recent.recentItems.push_back({u"b.vmr", u""});
     settings.LoadStoreHistory(Store, recent);
-    EXPECT_EQ(recent.recentItems.size(), 1U);
+    ASSERT_EQ(recent.recentItems.size(), 1U);
+    EXPECT_EQ(recent.recentItems[0].path, u"b.vmr");
     EXPECT_EQ(Stored(kRecentKey, u"File1"), StoredText(u"a.vmr"));
     ASSERT_EQ(Notices().size(), 1U);
     EXPECT_EQ(Notices()[0].setting, SharedSetting::History);

@@ -130,13 +130,13 @@ TEST(CheckTheme, TellsACycleOfAllRoles) {
     tvstring text = u"[colortheme]\n_version=TVTHEME_1_0\n_name=x\n";
     for (std::size_t i = 0; i < kThemeRoles.size(); ++i)
         text += tvstring(kThemeRoles[i].key) + u"=%" + kThemeRoles[(i + 1) % kThemeRoles.size()].key + u"\n";
-    EXPECT_EQ(CheckTheme(text).size(), 12U);
+    ASSERT_EQ(CheckTheme(text).size(), 12U);
     EXPECT_EQ(CheckTheme(text)[11].kind, Kind::Cycle);
 }
 
 TEST(CheckTheme, DoesNotFollowAReferenceThroughAKeyThatIsNoRole) {
-    EXPECT_EQ(Check(ThemeText(u"Test", u"base", u"%foo") + u"foo = %base\n"),
-              u"4 role base: %foo\n16 key foo: \n");
+    EXPECT_EQ(Check(ThemeText(u"Test", u"base", u"%foo") + u"foo = %icon\nicon = %base\n"),
+              u"4 role base: %foo\n16 key foo: \n17 duplicate icon: 0xc\n");
 }
 
 TEST(CheckTheme, DoesNotTellAReferenceToABadOrMissingRole) {

@@ -200,6 +200,7 @@ TEST_F(LoadThemesTest, PassesOverFilesOfAnotherExtension) {
 
 TEST_F(LoadThemesTest, PassesOverFolders) {
     std::filesystem::create_directories(test_files::SystemPath(m_Folder.Path(u"Theme/folder.ini")));
+    list.m_themes[0].m_name = u"Gone";  // there is no file, so the list is restored
     Load();
     EXPECT_EQ(Names(), kBuiltIn);
     MakeTheme(u"folder.ini/deep.ini", u"Deep");

@@ -163,6 +163,32 @@ TEST_F(ListView, KeepsTiesOfUpTo32RowsInTheOrderOfTheDatabase) {
         EXPECT_EQ(view.Rows()[i + 1].m_data, all[i]);
 }
 
+// Also where a search leaves that many of a longer list, whose ties have no defined order.
+TEST_F(ListView, KeepsTiesByNameOfUpTo32RowsInTheOrderOfTheDatabase) {
+    ElementArray ties;
+    for (std::size_t i = 0; i < 32; ++i)
+        ties.push_back(PutItem(i % 2 == 0 ? u"tie" : u"TIE"));
+    const auto shown = [this] {
+        ElementArray elements;
+        for (const ViewRow& row : view.Rows())
+            elements.push_back(row.m_data);
+        return elements;
+    };
+    for (const int sort : {SortAZ, SortZA}) {
+        Order(sort);
+        EXPECT_EQ(shown(), ties);
+    }
+    for (int i = 0; i < 10; ++i)
+        PutItem(u"another");
+    for (const int sort : {SortAZ, SortZA}) {
+        Search(u"");
+        Order(sort);
+        view.Refresh();
+        Search(u"tie");
+        EXPECT_EQ(shown(), ties);
+    }
+}
+
 TEST_F(ListView, TakesOrderAndTextAtOnce) {
     PutItem(u"b1");
     PutItem(u"c");

@@ -156,6 +156,15 @@ TEST_F(Sort, ByTimeGoesByTheDate) {
     EXPECT_FALSE(CompareRows(SortOldNew, recent, old));
 }
 
+TEST_F(Sort, ByTimeGoesByAll64Bits) {
+    const ViewRow old = Row(u"a", 0xFFFF'FFFF);
+    const ViewRow recent = Row(u"b", 0x1'0000'0000);
+    EXPECT_TRUE(CompareRows(SortOldNew, old, recent));
+    EXPECT_FALSE(CompareRows(SortOldNew, recent, old));
+    EXPECT_TRUE(CompareRows(SortNewOld, recent, old));
+    EXPECT_FALSE(CompareRows(SortNewOld, old, recent));
+}
+
 TEST_F(Sort, ByTimeTakesAnEntryAsTheOldest) {
     const ViewRow entry = EntryRow(u"a");
     const ViewRow item = Row(u"b", 1);
@@ -268,6 +277,18 @@ TEST_F(Sort, PutsLongNamesInOrder) {
     }
 }
 
+TEST_F(Sort, PutsDatesOf64BitsInOrder) {
+    Random random(12);
+    std::vector<ViewRow> rows;
+    for (int i = 0; i < 100; ++i)
+        rows.push_back(Row(u"", u64{random()} << 32 | random()));
+    for (const int mode : {int{SortNewOld}, int{SortOldNew}}) {
+        std::vector<ViewRow> sorted = rows;
+        SortRows(mode, sorted);
+        ExpectSorted(mode, sorted, rows);
+    }
+}
+
 TEST_F(Sort, PutsManyEntriesInOrder) {
     Random random(6);
     std::vector<ViewRow> rows;
@@ -321,6 +342,33 @@ TEST_F(Sort, WorksWithoutMemoryForSortKeys) {
             ExpectSorted(mode, sorted, rows);
         }
     }
+}
+
+// --- Orders ---
+
+TEST_F(Sort, ByTextHasAnOrderToPutRowsIn) {
+    const std::vector<ViewRow> rows = {Row(u"c"), Row(u"item 10"), Row(u"a"), Row(u"Item 9"), Row(u"B")};
+    const std::vector<u32> order = OrderByText(rows);
+    EXPECT_EQ(order, (std::vector<u32>{2, 4, 0, 3, 1}));
+    std::vector<ViewRow> sorted = rows;
+    PutInOrder(sorted, order);
+    EXPECT_EQ(NamesOf(sorted), "[a][B][c][Item 9][item 10]");
+    EXPECT_TRUE(OrderByText({}).empty());
+}
+
+// Their keys have more bytes than they have themselves.
+TEST_F(Sort, ByTextHasAnOrderOfVeryLongNames) {
+    const tvstring start(40'000, u'\u6F22');
+    const std::vector<ViewRow> rows = {Row(start + u"2"), Row(start + u"10"), Row(start), Row(start + u"1")};
+    EXPECT_EQ(OrderByText(rows), (std::vector<u32>{2, 3, 0, 1}));
+}
+
+TEST_F(Sort, ByTextHasNoOrderWithoutMemoryForSortKeys) {
+    const std::vector<ViewRow> rows = RandomRows(100, 13);
+    platform::OrderFault(platform::FaultPoint::AllocateZeroed, 0, 0, 1000);
+    EXPECT_TRUE(OrderByText(rows).empty());
+    platform::ClearFaults();
+    EXPECT_EQ(OrderByText(rows).size(), 100U);
 }
 
 }  // namespace
