@@ -5,13 +5,21 @@
 export WINEPREFIX=$root/build/wine WINEDEBUG=-all
 export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe="
 
+# Tahoma is the font of menus and dialogs, Marlett has the signs on the buttons of captions. Wine looks for them in
+# the prefix alone. Windows have captions of Wine's own, since nobody manages windows on a virtual display, and follow
+# the mouse as they are dragged. (In a virtual desktop of Wine's a move of the mouse may end where the last one did.)
 make_prefix() {
     if [ ! -f "$WINEPREFIX/system.reg" ]; then
         timeout 300 xvfb-run -a sh -c 'wineboot -i && wineserver -w' || return 1
     fi
+    cp /usr/share/wine/fonts/{marlett,tahoma,tahomabd}.ttf "$WINEPREFIX/drive_c/windows/Fonts/" || return 1
     wineserver -p || return 1  # stays until it is ended, so that each program starts quickly
-    wine cmd /c exit
+    wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f &&
+        wine reg add 'HKCU\Control Panel\Desktop' /v DragFullWindows /d 1 /f
 }
+
+# on_display COMMAND...: runs it on a virtual display.
+on_display() { xvfb-run -a -s "-screen 0 1280x900x24" "$@"; }
 
 end_wine() {
     if [ -d "$WINEPREFIX" ] && command -v wineserver >/dev/null; then wineserver -k || true; fi
