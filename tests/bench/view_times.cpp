@@ -1,25 +1,11 @@
 // The times of view_bench without the benchmark library, so that they can be measured in a Windows program
 // too: medians in milliseconds of one run, one line each.
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
-#include <functional>
 
+#include "tests/bench/median.h"
 #include "tests/bench/sample_view.h"
 
 namespace {
-
-double MedianOf(int runs, const std::function<void()>& work) {
-    using Clock = std::chrono::steady_clock;
-    std::vector<double> times;
-    for (int i = 0; i < runs; ++i) {
-        const Clock::time_point start = Clock::now();
-        work();
-        times.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
-    }
-    std::nth_element(times.begin(), times.begin() + runs / 2, times.end());
-    return times[static_cast<std::size_t>(runs / 2)];
-}
 
 constexpr const char* kModeNames[] = {"all", "exact", "any", "without"};
 constexpr const char* kSortNames[] = {"none", "az", "za", "newold", "oldnew"};
