@@ -20,7 +20,7 @@
 #define WINVER 0x0A00
 #endif
 #ifndef _WIN32_WINNT
-#define _WIN32_WINNT 0x0A00
+#define _WIN32_WINNT 0x0A00  // NOLINT(clang-diagnostic-reserved-macro-identifier): the system's own switch
 #endif
 
 #include <windows.h>

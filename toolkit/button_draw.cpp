@@ -13,7 +13,7 @@ constexpr float kRoundPen = 1.5F;
 bool IsUnderMouse(HWND window) {
     if (HWND captured = GetCapture()) return captured == window;
     POINT mouse;
-    return GetCursorPos(&mouse) && WindowFromPoint(mouse) == window;
+    return GetCursorPos(&mouse) != FALSE && WindowFromPoint(mouse) == window;
 }
 
 }  // namespace

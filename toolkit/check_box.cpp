@@ -66,6 +66,8 @@ bool tvCheckBox::UsesSystemLook() {
 // The window may have a state already.
 void tvCheckBox::OnSubclassed() {
     if (!IsAttached()) return;
+    // The system's own state, which tvButton would answer with this one.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     m_check = static_cast<u32>(tvWnd::WindowProc(BM_GETCHECK, 0, 0));
     m_drawFlags = LabelFlags(static_cast<u32>(GetWindowLongPtrW(m_hWnd, GWL_STYLE)));
     m_boxKnown = false;
@@ -144,6 +146,8 @@ void tvCheckBox::SetCheck(WPARAM state) {
 }
 
 void tvCheckBox::ReadCheckBack() {
+    // The system's own state, which tvButton would answer with this one.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     m_check = static_cast<u32>(tvWnd::WindowProc(BM_GETCHECK, 0, 0));
 }
 

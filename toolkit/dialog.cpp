@@ -212,7 +212,7 @@ void tvDialog::OnOkOrCancel(int id) {
     const bool isMain = IsMainWindow();
     const HWND button = GetDlgItem(m_hWnd, id);
     const bool usable = button != nullptr && (GetWindowLongPtrW(button, GWL_STYLE) & WS_VISIBLE) != 0 &&
-                        IsWindowEnabled(button);
+                        IsWindowEnabled(button) != FALSE;
     if (usable) {
         EndDialog(id);
     } else if (id == IDCANCEL && !isMain && (style & WS_SYSMENU) != 0) {
@@ -224,5 +224,5 @@ void tvDialog::OnOkOrCancel(int id) {
 }
 
 bool tvDialog::IsDialogMsg(MSG* msg) {
-    return m_hWnd != nullptr && IsDialogMessageW(m_hWnd, msg);
+    return m_hWnd != nullptr && IsDialogMessageW(m_hWnd, msg) != FALSE;
 }

@@ -1,12 +1,8 @@
-// The toolkit's own objects that live as long as the process: the theme (toolkit/theme.h), the map of
-// windows, the tool tip and GDI+. They are made in this order before the program starts, and go in the
-// reverse one.
+// The toolkit's own objects that live as long as the process: the theme, the map of windows, the tool tip and
+// GDI+. They are made in this order before the program starts, and go in the reverse one. Each is found by
+// the operation of its own header.
 #pragma once
 
-class tvTheme;
-class tvWndMap;
-class tvToolTipCtrl;
-
-tvTheme& TheTheme();
-tvWndMap& TheWndMap();
-tvToolTipCtrl& TheToolTip();
+#include "toolkit/theme.h"
+#include "toolkit/tool_tip.h"
+#include "toolkit/wnd.h"

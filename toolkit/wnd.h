@@ -122,3 +122,5 @@ public:
 private:
     std::map<HWND, tvWnd*> m_Map;
 };
+
+tvWndMap& TheWndMap();

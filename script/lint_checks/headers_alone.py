@@ -10,6 +10,7 @@ MEND = "Include in the header what it uses, or declare it there."
 WARNINGS = ["-Wall", "-Wextra", "-Wpedantic", "-Wconversion", "-Wshadow", "-Werror"]
 NATIVE = "g++"
 WINDOWS = "x86_64-w64-mingw32-g++-posix"
+GOOGLETEST = ("-isystem", "/usr/src/googletest/googletest/include")  # which the cross compiler does not find by itself
 
 
 def compiler_for(path):
@@ -22,7 +23,7 @@ def definitions(path):
 
 def diagnostics(project, path):
     command = [compiler_for(path), "-std=c++20", *WARNINGS, *definitions(path), "-fsyntax-only",
-               "-I", str(project.root), "-x", "c++", "-include", str(project.root / path), "/dev/null"]
+               "-I", str(project.root), *GOOGLETEST, "-x", "c++", "-include", str(project.root / path), "/dev/null"]
     run = subprocess.run(command, capture_output=True, text=True, cwd=project.root, check=False)
     return None if run.returncode == 0 else run.stderr.strip()
 

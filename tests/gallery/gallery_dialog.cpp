@@ -77,7 +77,6 @@ bool TellTip(LPARAM lParam) {
 GalleryDialog::GalleryDialog()
     : m_noteHot(GLYPH_DISK),
       m_glyphs(DrawGlyphSheet),
-      m_pictures(DrawPictureSheet),
       m_shapes(DrawShapeSheet),
       m_texts(DrawTextSheet),
       m_leftPane(DrawPane),

@@ -60,7 +60,7 @@ private:
     Posed<tvButton_Note> m_noteHot;
     tvButton_Note m_noteDisabled;
     Sheet m_glyphs;
-    Sheet m_pictures;
+    PictureSheet m_pictures;
     Sheet m_shapes;
     Sheet m_texts;
     Sheet m_leftPane;

@@ -77,14 +77,28 @@ void DrawGlyphSheet(HDC dc, const RECT& rect) {
     }
 }
 
-void DrawPictureSheet(HDC dc, const RECT& rect) {
+void PictureSheet::OnSubclassed() {
+    Sheet::OnSubclassed();
+    LoadPictures();
+}
+
+LRESULT PictureSheet::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    const bool isOfTheme = message == WM_SYSCOLORCHANGE && lParam == reinterpret_cast<LPARAM>(&TheTheme());
+    if (isOfTheme) LoadPictures();
+    return Sheet::WindowProc(message, wParam, lParam);
+}
+
+void PictureSheet::LoadPictures() {
     constexpr u16 kFirst = 102;
-    constexpr u16 kLast = 112;
-    for (u16 id = kFirst; id <= kLast; ++id) {
-        const RECT cell = Cell(rect, id - kFirst, kLast - kFirst + 1, 1);
-        const tvIconHandle icon = LoadTintedIcon(id, kNoColor);
-        if (!icon) continue;
-        DrawIconEx(dc, cell.left, cell.top, icon.Get(), 0, 0, 0, nullptr, DI_NORMAL);
+    for (u16 i = 0; i < kCount; ++i)
+        m_Pictures[i] = LoadTintedIcon(static_cast<u16>(kFirst + i), kNoColor);
+}
+
+void PictureSheet::DrawPictures(HDC dc, const RECT& rect) const {
+    for (int i = 0; i < kCount; ++i) {
+        const RECT cell = Cell(rect, i, kCount, 1);
+        DrawIconEx(dc, cell.left, cell.top, m_Pictures[static_cast<std::size_t>(i)].Get(), 0, 0, 0, nullptr,
+                   DI_NORMAL);
     }
 }
 

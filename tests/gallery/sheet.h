@@ -1,8 +1,10 @@
 // A control that shows what an operation draws: over a static control, in the colours of the theme.
 #pragma once
 
+#include <array>
 #include <functional>
 
+#include "toolkit/handle.h"
 #include "toolkit/theme_control.h"
 #include "toolkit/wnd.h"
 
@@ -22,13 +24,27 @@ private:
     Drawing m_Draw;
 };
 
-// --- What the gallery's sheets show ---
+// The pictures of the program's resources, in the colour of glyphs.
+class PictureSheet : public Sheet {
+public:
+    PictureSheet() : Sheet([this](HDC dc, const RECT& rect) { DrawPictures(dc, rect); }) {}
+
+    void OnSubclassed() override;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    static constexpr int kCount = 11;
+
+    void LoadPictures();
+    void DrawPictures(HDC dc, const RECT& rect) const;
+
+    std::array<tvIconHandle, kCount> m_Pictures;
+};
+
+// --- What the gallery's other sheets show ---
 
 // All glyphs with their numbers.
 void DrawGlyphSheet(HDC dc, const RECT& rect);
-
-// The pictures of the program's resources, in the colour of glyphs.
-void DrawPictureSheet(HDC dc, const RECT& rect);
 
 // Frames, marks, chevrons, triangles and so on.
 void DrawShapeSheet(HDC dc, const RECT& rect);
