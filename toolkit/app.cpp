@@ -21,7 +21,7 @@ void StartCommonControls() {
 
 }  // namespace
 
-tvApp::tvApp() : m_hInstance(GetModuleHandleW(nullptr)), m_appName(kAppName) {
+tvApp::tvApp() : m_hInstance(GetModuleHandleW(nullptr)), m_appName(NameOr(kAppName)) {
     g_App = this;
     StartCommonControls();
 }
@@ -35,6 +35,12 @@ bool tvApp::PreTranslateAppMsg(MSG*) {
 }
 
 void tvApp::OnHelp() {}
+
+tvstring tvApp::NameOr(std::u16string_view given) {
+    if (!given.empty()) return tvstring(given);
+    const tvstring file = FileNameOf(ProgramPath(u""));
+    return file.substr(0, file.size() - ExtensionOf(file).size());
+}
 
 tvApp* tvApp::Get() noexcept {
     return g_App;

@@ -1,6 +1,8 @@
 // The application object: there is one, and the toolkit finds it by a pointer.
 #pragma once
 
+#include <string_view>
+
 #include "foundation/tvstring.h"
 #include "platform/types.h"
 #include "toolkit/win32.h"
@@ -20,6 +22,9 @@ public:
     virtual bool PreTranslateAppMsg(MSG* msg);
     virtual ~tvApp();
     virtual void OnHelp();
+
+    // The name that the program goes by: the given one, or else that of its file, without extension.
+    static tvstring NameOr(std::u16string_view given);
 
     // The application object, or null.
     static tvApp* Get() noexcept;

@@ -7,12 +7,13 @@
 
 class tvBaseDlg : public tvDialog, public tvtheme_control {
 public:
-    // --- Virtual operations after those of tvDialog: the hooks, called in this order but for the last ---
+    // --- Virtual operations after those of tvDialog, in slot order: the hooks, see OnInitDialog ---
 
     virtual void OnAutoSize();
     virtual void OnLayout();  // again whenever the size or the font changes
     virtual void OnUpdateState();
     virtual void OnUpdateText();
+    // Paints what is no control, under a colour theme: the background is there, the colour of text set.
     virtual void OnPaintDlg(HDC dc, const RECT& rect);
 
     // Runs the hooks: OnAutoSize, OnUpdateText, OnUpdateState, OnLayout. A limit to the size is set after

@@ -108,12 +108,14 @@ int tvDialog::DoModal() {
     return m_result;
 }
 
-// The one message loop. WM_QUIT is for all loops that run: a dialog's own hands it on.
+// The one message loop. WM_QUIT is for all loops that run: a dialog's own hands it on to the main window's.
+// By then either window may be gone, so what tells them apart is the wrapper.
 void tvDialog::Loop() {
     MSG msg;
     for (;;) {
         const BOOL got = GetMessageW(&msg, nullptr, 0, 0);
-        if (got == 0 && m_hWnd != nullptr && !IsMainWindow()) PostQuitMessage(static_cast<int>(msg.wParam));
+        const bool isMain = tvApp::Get() != nullptr && tvApp::Get()->m_mainWnd == this;
+        if (got == 0 && !isMain) PostQuitMessage(static_cast<int>(msg.wParam));
         if (got == 0 || got == -1) return;
         tvApp* app = tvApp::Get();
         if (app != nullptr && app->PreTranslateAppMsg(&msg)) continue;
@@ -175,7 +177,7 @@ bool tvDialog::OnInit() {
     OnSubclassControls();
     GetWindowRect(m_hWnd, &before);
     const bool focusIsFree = OnInitDialog();
-    RECT after;
+    RECT after{};
     GetWindowRect(m_hWnd, &after);
     if (EqualRect(&before, &after)) CenterWindow();
     return focusIsFree;

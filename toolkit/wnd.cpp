@@ -164,8 +164,11 @@ tvWnd* tvWnd::TakeCreated(HWND handle) {
 }
 
 tvWndMap::~tvWndMap() {
-    while (!m_Map.empty())
-        m_Map.begin()->second->Detach(tvWnd::Window::Keep);
+    while (!m_Map.empty()) {
+        tvWnd* wnd = m_Map.begin()->second;
+        m_Map.erase(m_Map.begin());
+        wnd->Detach(tvWnd::Window::Keep);
+    }
 }
 
 tvWnd* tvWndMap::Find(HWND handle) const noexcept {

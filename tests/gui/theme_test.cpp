@@ -79,6 +79,15 @@ TEST(Theme, PostsTheChangeToTheMainWindow) {
     wrapper.Detach(tvWnd::Window::Keep);
 }
 
+TEST(Theme, ReleasesTheBrushesThatItReplaces) {
+    tvTheme theme;
+    theme.Apply(1);
+    const HBRUSH before[] = {theme.m_baseBrush.Get(), theme.m_editBrush.Get(), theme.m_borderBrush.Get()};
+    theme.Apply(2);
+    for (HBRUSH brush : before)
+        EXPECT_EQ(GetObjectType(brush), 0U);
+}
+
 TEST(Theme, GivesTheRolesColourOrTheSystems) {
     tvTheme theme;
     theme.Apply(1);
@@ -159,6 +168,17 @@ TEST(ThemeFont, MeasuresLinesAndRemembersThoseOfItsOwnFonts) {
     EXPECT_EQ(theme.m_charCache.size(), 1U);
     EXPECT_GT(theme.TextHeight(theme.m_fontLarge.Get(), nullptr), height);
     EXPECT_EQ(theme.m_charCache.size(), 2U);
+}
+
+TEST(ThemeFont, ForgetsTheLinesOfTheFontsBefore) {
+    tvTheme theme;
+    const int before = theme.TextHeight(theme.Font(), nullptr);
+    theme.TextHeight(theme.m_fontBold.Get(), nullptr);
+    LOGFONTW changed = Logfont(theme.Font());
+    changed.lfHeight *= 3;
+    theme.SetFont(changed, 1.45F);
+    EXPECT_GT(theme.TextHeight(theme.Font(), nullptr), 2 * before);
+    EXPECT_EQ(theme.m_charCache.size(), 1U);
 }
 
 }  // namespace

@@ -103,6 +103,44 @@ TEST(WndTimer, IsStoppedByTheEndOfItsWindow) {
     EXPECT_FALSE(wrapper.IsAttached());
 }
 
+TEST(WndTimer, IsNoneOfTheSystemsOwnWhoseIdentifiersAreLarge) {
+    PlainWindow window;
+    tvWndTimer timer;
+    timer.m_hWnd = window.Handle();
+    for (const UINT_PTR large : {UINT_PTR{0x8000'0000}, UINT_PTR{0x8000'0001}}) {
+        timer.m_id = large;
+        EXPECT_FALSE(timer.IsMine(window.Handle(), large));
+    }
+    timer.m_id = 0x7FFF'FFFF;
+    EXPECT_TRUE(timer.IsMine(window.Handle(), 0x7FFF'FFFF));
+    timer.m_id = 0;
+}
+
+TEST(WndTimer, IsRefusedUnderAnIdentifierThatAnotherHas) {
+    PlainWindow window;
+    tvWndTimer first;
+    ASSERT_TRUE(first.Start(window.Handle(), kNever));
+    tvWndTimer second;
+    second.m_hWnd = window.Handle();
+    second.m_id = first.m_id;
+    EXPECT_FALSE(second.Start(window.Handle(), kNever));
+    second.m_id = 0;
+    ASSERT_TRUE(second.Start(window.Handle(), kNever));
+    EXPECT_EQ(second.m_id, first.m_id + 1);
+}
+
+TEST(WndTimer, IsStoppedByItsOwnEnd) {
+    PlainWindow window;
+    {
+        tvWndTimer timer;
+        ASSERT_TRUE(timer.Start(window.Handle(), kSoon));
+    }
+    EXPECT_FALSE(window.WaitFor(WM_TIMER, 1314, 100));
+    tvWndTimer next;
+    ASSERT_TRUE(next.Start(window.Handle(), kNever));
+    EXPECT_EQ(next.m_id, 1314U);
+}
+
 TEST(WndTimer, FailsForAWindowThatIsNone) {
     tvWndTimer timer;
     // NOLINTNEXTLINE(performance-no-int-to-ptr): a handle that nobody has

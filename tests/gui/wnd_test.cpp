@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "tests/gui/plain_window.h"
 #include "tests/gui/test_app.h"
 
@@ -15,13 +17,17 @@ public:
         if (message == m_Watched && m_Answers) return m_Answer;
         return tvWnd::WindowProc(message, wParam, lParam);
     }
-    void OnSubclassed() override { ++m_Subclassed; }
+    void OnSubclassed() override {
+        ++m_Subclassed;
+        m_WasAttached = IsAttached();
+    }
 
     UINT m_Watched = WM_NULL;
     int m_Seen = 0;
     bool m_Answers = false;
     LRESULT m_Answer = 0;
     int m_Subclassed = 0;
+    bool m_WasAttached = false;
 };
 
 WNDPROC ProcOf(HWND handle) {
@@ -80,8 +86,11 @@ TEST(WndAttach, SubclassDlgItemWantsAFreeWrapperAndBothArguments) {
     wrapper.SubclassDlgItem(nullptr, 7);
     wrapper.SubclassDlgItem(parent.Handle(), 0);
     EXPECT_EQ(wrapper.m_Subclassed, 0);
+    wrapper.SubclassDlgItem(parent.Handle(), 8);
+    EXPECT_EQ(wrapper.m_Subclassed, 0);
     wrapper.SubclassDlgItem(parent.Handle(), 7);
     EXPECT_EQ(wrapper.Handle(), child.Handle());
+    EXPECT_TRUE(wrapper.m_WasAttached);
     wrapper.SubclassDlgItem(parent.Handle(), 7);
     EXPECT_EQ(wrapper.m_Subclassed, 1);
     wrapper.Detach(tvWnd::Window::Keep);
@@ -124,6 +133,44 @@ TEST(WndDestroy, OfTheWindowLeavesTheWrapperReusable) {
     EXPECT_FALSE(wrapper.IsAttached());
     const PlainWindow next;
     EXPECT_TRUE(wrapper.Attach(next.Handle()));
+    wrapper.Detach(tvWnd::Window::Keep);
+}
+
+TEST(WndDetach, ComesWithTheEndOfTheMapAndLeavesTheWindow) {
+    PlainWindow window;
+    const WNDPROC before = ProcOf(window.Handle());
+    tvWnd wrapper;
+    wrapper.Attach(window.Handle());
+    {
+        tvWndMap map;
+        map.Add(window.Handle(), &wrapper);
+        EXPECT_EQ(map.Find(window.Handle()), &wrapper);
+    }
+    EXPECT_FALSE(wrapper.IsAttached());
+    EXPECT_TRUE(IsWindow(window.Handle()));
+    EXPECT_EQ(ProcOf(window.Handle()), before);
+}
+
+TEST(WndStyle, ChangesTheFrameAndNothingElseOfThePlace) {
+    class WatchingWnd : public tvWnd {
+    public:
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            if (message == WM_WINDOWPOSCHANGING)
+                m_Flags.push_back(reinterpret_cast<const WINDOWPOS*>(lParam)->flags);
+            return tvWnd::WindowProc(message, wParam, lParam);
+        }
+        std::vector<UINT> m_Flags;
+    };
+    const PlainWindow window;
+    WatchingWnd wrapper;
+    wrapper.Attach(window.Handle());
+    wrapper.ModifyStyle(0, 0);
+    EXPECT_TRUE(wrapper.m_Flags.empty());
+    wrapper.ModifyStyle(0, WS_BORDER);
+    wrapper.ModifyStyleEx(0, WS_EX_TOOLWINDOW);
+    ASSERT_EQ(wrapper.m_Flags.size(), 2U);
+    EXPECT_EQ(wrapper.m_Flags[0] & 0xFF, 55U);
+    EXPECT_EQ(wrapper.m_Flags[1] & 0xFF, 55U);
     wrapper.Detach(tvWnd::Window::Keep);
 }
 
@@ -202,24 +249,83 @@ TEST(SharedProc, AsksTheApplicationForHelp) {
     wrapper.Detach(tvWnd::Window::Keep);
 }
 
-TEST(SharedProc, GivesANewWindowToTheWrapperThatWaitsForOne) {
-    WNDCLASSW windowClass{};
-    windowClass.lpfnWndProc = &tvWnd::SharedProc;
-    windowClass.hInstance = GetModuleHandleW(nullptr);
-    windowClass.lpszClassName = L"SharedProcTestWindow";
-    ASSERT_NE(RegisterClassW(&windowClass), 0);
+// The program's main window for the length of a test.
+class MainFor {
+public:
+    explicit MainFor(tvWnd& wnd) { TestApp::Get().m_mainWnd = &wnd; }
+    ~MainFor() { TestApp::Get().m_mainWnd = nullptr; }
+    MainFor(const MainFor&) = delete;
+    MainFor& operator=(const MainFor&) = delete;
+};
+
+TEST(SharedProc, EndsTheProgramWithItsMainWindowAlone) {
+    tvWnd main;
+    tvWnd other;
+    const MainFor mainFor(main);
+    MSG msg{};
+    {
+        const PlainWindow mainWindow;
+        main.Attach(mainWindow.Handle());
+        {
+            const PlainWindow otherWindow;
+            other.Attach(otherWindow.Handle());
+        }
+        EXPECT_FALSE(PeekMessageW(&msg, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    }
+    ASSERT_TRUE(PeekMessageW(&msg, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(msg.wParam, 0U);
+}
+
+class CreatedWindow : public testing::Test {
+protected:
+    CreatedWindow() {
+        [[maybe_unused]] static const ATOM registered = [] {
+            WNDCLASSW windowClass{};
+            windowClass.lpfnWndProc = &tvWnd::SharedProc;
+            windowClass.hInstance = GetModuleHandleW(nullptr);
+            windowClass.lpszClassName = L"SharedProcTestWindow";
+            return RegisterClassW(&windowClass);
+        }();
+    }
+    static HWND Make() {
+        return CreateWindowExW(0, L"SharedProcTestWindow", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
+                               GetModuleHandleW(nullptr), nullptr);
+    }
+};
+
+TEST_F(CreatedWindow, GoesToTheWrapperThatWaitsForOne) {
     tvWnd wrapper;
     tvWnd::SetCreating(&wrapper);
-    const HWND made = CreateWindowExW(0, windowClass.lpszClassName, L"", WS_POPUP, 0, 0, 10, 10, nullptr,
-                                      nullptr, windowClass.hInstance, nullptr);
+    const HWND made = Make();
     EXPECT_EQ(wrapper.Handle(), made);
     EXPECT_EQ(wrapper.m_oldProc, nullptr);
-    const HWND next = CreateWindowExW(0, windowClass.lpszClassName, L"", WS_POPUP, 0, 0, 10, 10, nullptr,
-                                      nullptr, windowClass.hInstance, nullptr);
+    const HWND next = Make();
     EXPECT_EQ(tvWnd::FromHandle(next), nullptr);
     DestroyWindow(next);
     DestroyWindow(made);
     EXPECT_FALSE(wrapper.IsAttached());
+}
+
+TEST_F(CreatedWindow, GoesToNoWrapperThatHasAWindow) {
+    const PlainWindow before;
+    tvWnd wrapper;
+    wrapper.Attach(before.Handle());
+    tvWnd::SetCreating(&wrapper);
+    const HWND made = Make();
+    EXPECT_EQ(tvWnd::FromHandle(made), nullptr);
+    EXPECT_EQ(wrapper.Handle(), before.Handle());
+    DestroyWindow(made);
+    wrapper.Detach(tvWnd::Window::Keep);
+}
+
+TEST_F(CreatedWindow, GoesToNoWrapperThatIsGone) {
+    {
+        tvWnd wrapper;
+        tvWnd::SetCreating(&wrapper);
+    }
+    const HWND made = Make();
+    EXPECT_EQ(tvWnd::FromHandle(made), nullptr);
+    DestroyWindow(made);
 }
 
 }  // namespace
