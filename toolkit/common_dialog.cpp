@@ -57,12 +57,14 @@ LRESULT CALLBACK tvCommonDlg::HookProc(int code, WPARAM wParam, LPARAM lParam) {
 }
 
 bool tvCommonDlg::ChooseFont(LOGFONTW& logfont) {
+    constexpr DWORD kFlags = CF_SCREENFONTS | CF_INITTOLOGFONTSTRUCT | CF_LIMITSIZE | CF_FORCEFONTEXIST;
+    static_assert(kFlags == 73793);
     LOGFONTW chosen = logfont;
     CHOOSEFONTW choice{};
     choice.lStructSize = sizeof choice;
     choice.hwndOwner = GetOwner();
     choice.lpLogFont = &chosen;
-    choice.Flags = CF_SCREENFONTS | CF_INITTOLOGFONTSTRUCT | CF_LIMITSIZE | CF_FORCEFONTEXIST;
+    choice.Flags = kFlags;
     choice.nSizeMin = 5;
     choice.nSizeMax = 16;
     CenterNext();

@@ -15,7 +15,6 @@ struct IShellItem;
 class tvFileDialog : public tvCommonDlg {
 public:
     tvFileDialog() = default;
-    virtual ~tvFileDialog() = default;
     tvFileDialog(const tvFileDialog&) = delete;
     tvFileDialog& operator=(const tvFileDialog&) = delete;
 
@@ -25,6 +24,8 @@ public:
     virtual bool OnBeforeShow(IFileDialog* dialog);
     // The user has chosen.
     virtual void OnAfterShow(IFileDialog* dialog);
+
+    virtual ~tvFileDialog() = default;
 
     // True if the user chose, which in single mode gives exactly one path.
     bool Show();
@@ -53,6 +54,8 @@ public:
 
     // The options of the modern dialog that follow from its own and the mode.
     [[nodiscard]] u32 ModernOptions(u32 old) const noexcept;
+    // Those of the older dialog for files.
+    [[nodiscard]] u32 LegacyOptions() const noexcept;
 
     // What the older dialog for folders calls: it starts with the path that `data` is, in the middle of its
     // owner, and stays when a folder that was typed is none.
@@ -97,6 +100,7 @@ private:
 
     void SetTexts(IFileDialog& dialog) const;
     void SetFilters(IFileDialog& dialog) const;
+    void SetPlace(IFileDialog& dialog) const;
     void SetOptions(IFileDialog& dialog) const;
     void TakeResults(IFileDialog& dialog);
     void AddResult(IShellItem& item);

@@ -57,6 +57,13 @@ int CALLBACK tvFileDialog::BrowseProc(HWND window, UINT message, LPARAM /*argume
     }
 }
 
+u32 tvFileDialog::LegacyOptions() const noexcept {
+    u32 options = OFN_EXPLORER | OFN_LONGNAMES | OFN_HIDEREADONLY;
+    options |= m_save ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST;
+    if (!m_save && m_multiSelect) options |= OFN_ALLOWMULTISELECT;
+    return options;
+}
+
 bool tvFileDialog::AskForFile(HWND owner) {
     std::vector<char16_t> buffer(kBuffer);
     const tvstring name = SuggestedName();
@@ -72,9 +79,7 @@ bool tvFileDialog::AskForFile(HWND owner) {
     question.lpstrInitialDir = TextOrNull(m_folder);
     question.lpstrTitle = TextOrNull(m_title);
     question.lpstrDefExt = TextOrNull(m_defaultExtension);
-    question.Flags = OFN_EXPLORER | OFN_LONGNAMES | OFN_HIDEREADONLY;
-    question.Flags |= m_save ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST;
-    if (!m_save && m_multiSelect) question.Flags |= OFN_ALLOWMULTISELECT;
+    question.Flags = LegacyOptions();
     CenterNext();
     const BOOL chosen = m_save ? GetSaveFileNameW(&question) : GetOpenFileNameW(&question);
     EndCenter();

@@ -41,6 +41,7 @@ tvcomptr<IShellItemArray> ChosenItems(IFileDialog& dialog) {
 bool tvFileDialog::ShowModern(IFileDialog& dialog, HWND owner) {
     SetTexts(dialog);
     SetFilters(dialog);
+    SetPlace(dialog);
     SetOptions(dialog);
     if (!OnBeforeShow(&dialog) || FAILED(dialog.Show(owner))) return false;
     OnAfterShow(&dialog);
@@ -53,11 +54,6 @@ bool tvFileDialog::ShowModern(IFileDialog& dialog, HWND owner) {
 void tvFileDialog::SetTexts(IFileDialog& dialog) const {
     if (!m_title.empty()) dialog.SetTitle(Wide(m_title.c_str()));
     if (!m_defaultExtension.empty()) dialog.SetDefaultExtension(Wide(m_defaultExtension.c_str()));
-    if (!m_folder.empty()) {
-        if (const tvcomptr<IShellItem> folder = ItemOf(m_folder)) dialog.SetFolder(folder.Get());
-    }
-    const tvstring name = SuggestedName();
-    if (!name.empty()) dialog.SetFileName(Wide(name.c_str()));
 }
 
 void tvFileDialog::SetFilters(IFileDialog& dialog) const {
@@ -67,6 +63,14 @@ void tvFileDialog::SetFilters(IFileDialog& dialog) const {
         types.push_back({Wide(filter.name.c_str()), Wide(filter.pattern.c_str())});
     dialog.SetFileTypes(static_cast<UINT>(types.size()), types.data());
     dialog.SetFileTypeIndex(SystemFilterIndex());
+}
+
+void tvFileDialog::SetPlace(IFileDialog& dialog) const {
+    if (!m_folder.empty()) {
+        if (const tvcomptr<IShellItem> folder = ItemOf(m_folder)) dialog.SetFolder(folder.Get());
+    }
+    const tvstring name = SuggestedName();
+    if (!name.empty()) dialog.SetFileName(Wide(name.c_str()));
 }
 
 u32 tvFileDialog::ModernOptions(u32 old) const noexcept {

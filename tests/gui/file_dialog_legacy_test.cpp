@@ -1,6 +1,7 @@
 // The older dialogs for files and folders.
 #include <thread>
 
+#include "tests/gui/fake_file_dialog.h"
 #include "tests/gui/file_dialog_harness.h"
 #include "tests/gui/new_window_places.h"
 #include "tests/gui/sizes.h"
@@ -105,6 +106,13 @@ TEST_F(LegacyFileDialog, RemembersTheFilter) {
     EXPECT_EQ(m_Dialog.m_filterIndex, 1) << "the nearest one was shown";
 }
 
+TEST_F(LegacyFileDialog, InitialPathThatEndsWithABackslashSuggestsNoName) {
+    m_Dialog.m_initialPath = m_Folder;
+    const auto look = Once([&] { EXPECT_EQ(WindowText(NameField()), u""); });
+    const DuringModal during({WaitForDialog(), [&] { return NameField() != nullptr; }, look, Key(VK_ESCAPE)});
+    EXPECT_FALSE(m_Dialog.Show());
+}
+
 TEST_F(LegacyFileDialog, StartsWithoutANameIfThatIsLongerThanItsRoom) {
     m_Dialog.m_initialPath = tvstring(20000, u'x');
     const auto look = Once([&] { EXPECT_EQ(WindowText(NameField()), u""); });
@@ -118,8 +126,14 @@ TEST_F(LegacyFileDialog, PicksTheFolderThatItStartsWithOnEnter) {
     m_Dialog.m_pickFolder = true;
     m_Dialog.m_initialPath = InFolder(u"inner");
     m_Dialog.m_title = u"Which folder?";
-    const DuringModal during({WaitForDialog(), Key(VK_RETURN)});
+    bool hasTitle = false;
+    const auto look = Once([&] {
+        for (HWND child = GetTopWindow(m_Shown); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+            hasTitle = hasTitle || WindowText(child) == u"Which folder?";
+    });
+    const DuringModal during({WaitForDialog(), look, Key(VK_RETURN)});
     ASSERT_TRUE(m_Dialog.Show());
+    EXPECT_TRUE(hasTitle);
     EXPECT_TRUE(IsPath(m_Dialog.GetPath(), InFolder(u"inner")));
 }
 
@@ -155,37 +169,6 @@ TEST_F(LegacyFileDialog, FolderDialogStaysForAFolderThatIsNone) {
 
 namespace {
 
-// Objects of the modern dialog's class cannot be made while it lives.
-class NoModernDialog final : public IClassFactory {
-public:
-    NoModernDialog() {
-        EXPECT_HRESULT_SUCCEEDED(CoRegisterClassObject(CLSID_FileOpenDialog, this, CLSCTX_INPROC_SERVER,
-                                                       REGCLS_MULTIPLEUSE, &m_Registration));
-    }
-    ~NoModernDialog() { CoRevokeClassObject(m_Registration); }
-    NoModernDialog(const NoModernDialog&) = delete;
-    NoModernDialog& operator=(const NoModernDialog&) = delete;
-
-    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID, void** made) override {
-        ++m_Refused;
-        *made = nullptr;
-        return E_FAIL;
-    }
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** found) override {
-        const bool isKnown = id == IID_IUnknown || id == IID_IClassFactory;
-        *found = isKnown ? this : nullptr;
-        return isKnown ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
-
-    int m_Refused = 0;
-
-private:
-    DWORD m_Registration = 0;
-};
-
 // Whether the calling thread has an apartment that was made for it.
 bool HasApartment() {
     APTTYPE type{};
@@ -198,10 +181,10 @@ bool HasApartment() {
 TEST_F(LegacyFileDialog, TakesThePlaceOfTheModernOneWhereThatCannotBeMade) {
     m_Dialog.m_legacyOnly = false;
     m_Dialog.m_initialPath = m_Folder;
-    const NoModernDialog none;
+    const ModernDialogClass none(CLSID_FileOpenDialog, nullptr);
     const DuringModal during(TypeName(u"a.txt"));
     ASSERT_TRUE(m_Dialog.Show());
-    EXPECT_EQ(none.m_Refused, 1);
+    EXPECT_EQ(none.m_asked, 1);
     EXPECT_TRUE(IsPath(m_Dialog.GetPath(), InFolder(u"a.txt")));
 }
 

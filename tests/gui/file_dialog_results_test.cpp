@@ -95,6 +95,18 @@ TEST(FileDialogOptions, KeepTheDialogsOwnButForTwo) {
     EXPECT_EQ(folder.ModernOptions(kAll), kAll & ~0x40000U);
 }
 
+TEST(FileDialogOptions, OfOlderDialogsFollowFromTheMode) {
+    tvFileDialog open;
+    EXPECT_EQ(open.LegacyOptions(), 0x281804U);
+    tvFileDialog several;
+    several.m_multiSelect = true;
+    EXPECT_EQ(several.LegacyOptions(), 0x281804U | 0x200U);
+    tvFileDialog save;
+    save.m_save = true;
+    save.m_multiSelect = true;
+    EXPECT_EQ(save.LegacyOptions(), 0x280006U) << "one file only";
+}
+
 // --- Results of older dialogs ---
 
 TEST(FileDialogResults, AreOnePathWithoutAZeroInFrontOfTheName) {
