@@ -8,11 +8,6 @@ namespace {
 
 constexpr DWORD kFadeMilliseconds = 200;
 
-LiveCount& TheLiveCount() {
-    static constinit LiveCount count;
-    return count;
-}
-
 // One picture of a fade as the system wants it: between what is painted into the two contexts. It runs from
 // here on, if it could be begun.
 class Animation {
@@ -43,6 +38,11 @@ private:
 };
 
 }  // namespace
+
+LiveCount& TheLiveCount() noexcept {
+    static constinit LiveCount count;
+    return count;
+}
 
 void LiveCount::Add() {
     if (m_Count == 0) CallIfThere(TheLateFunctions().bufferedPaintInit);

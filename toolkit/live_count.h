@@ -10,7 +10,10 @@ class LiveCount {
 public:
     void Add();
     void Remove();
+    [[nodiscard]] u64 Value() const noexcept { return m_Count; }
 
 private:
     std::atomic<u64> m_Count = 0;  // atomic, since objects that are made before the program starts count too
 };
+
+LiveCount& TheLiveCount() noexcept;

@@ -35,16 +35,15 @@ tvStatusRecord MakeRecord(const tvstring& text, HICON icon, i32 timeout) {
     return {text, timeout, icon, 0, size.cx, size.cy};
 }
 
-// Puts the icon in the middle of a box at the left of the area, and takes the box out of it.
+// Puts the icon at the left of the area, in the middle of its height, and takes a square for it out of it.
 void PlaceIcon(RECT& text, const tvStatusRecord& record, RECT& icon) {
     if (record.m_icon == nullptr) {
         text.left += TheTheme().m_halfMarginX;
         return;
     }
-    const int box = std::max(Height(text), record.m_iconWidth);
-    const RECT place = BoxAt(text.left, text.top, box, Height(text));
+    const RECT place = BoxAt(text.left, text.top, record.m_iconWidth, Height(text));
     icon = CenteredBox(place, record.m_iconWidth, record.m_iconHeight);
-    text.left += box + TheTheme().m_borderWidth;
+    text.left += std::max(Height(place), record.m_iconWidth) + TheTheme().m_borderWidth;
 }
 
 SIZE GripSize(HDC dc) {

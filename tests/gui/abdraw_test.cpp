@@ -433,6 +433,16 @@ TEST_F(Buffered, PaintingIsMadeReadyForTheFirstAndEndedAfterTheLast) {
     EXPECT_EQ(calls, (Calls{"init", "uninit", "init", "uninit"}));
 }
 
+TEST_F(Buffered, EachObjectThatPaintsCounts) {
+    const u64 before = TheLiveCount().Value();
+    {
+        const Painter second;
+        EXPECT_EQ(TheLiveCount().Value(), before + 1);
+    }
+    EXPECT_EQ(TheLiveCount().Value(), before);
+    EXPECT_EQ(calls, Calls{}) << "others are left";
+}
+
 // --- Bitmaps ---
 
 TEST(Bitmap, HasItsPixelsInMemoryRowByRowFromTheTop) {

@@ -1,4 +1,5 @@
 // What a status bar looks like.
+#include "tests/gui/late_functions_guard.h"
 #include "tests/gui/message_box_harness.h"
 #include "tests/gui/sizes.h"
 #include "tests/gui/status_bar_harness.h"
@@ -39,6 +40,20 @@ TEST_P(StatusBarDraw, GoesFromTheBackToTheText) {
 TEST_P(StatusBarDraw, IsPaintedThroughTheBuffer) {
     Paint();
     EXPECT_TRUE(m_Bar.m_hasFrame);
+}
+
+TEST_P(StatusBarDraw, DoesNotFade) {
+    static int asked;
+    asked = 0;
+    const LateFunctionsGuard guard;
+    TheLateFunctions().bufferedPaintRenderAnimation.Replace([](HWND, HDC) -> BOOL {
+        ++asked;
+        return FALSE;
+    });
+    Paint();
+    m_Bar.SetIdle(u"Another text", nullptr, 0);
+    Paint();
+    EXPECT_EQ(asked, 0);
 }
 
 TEST_P(StatusBarDraw, HasTheFaceOfAButtonAndALineAbove) {
@@ -86,13 +101,13 @@ TEST_P(StatusBarDraw, LeavesTheTextTheRestWithinTwoPixels) {
     EXPECT_EQ(m_Bar.m_label, (RECT{2 + TheTheme().m_halfMarginX, 2, expected.right, expected.bottom}));
 }
 
-TEST_P(StatusBarDraw, PutsTheIconInTheMiddleOfABoxInFrontOfTheText) {
+TEST_P(StatusBarDraw, PutsTheIconAtTheLeftAndKeepsASquareForItInFrontOfTheText) {
     const COLORREF color = RGB(250, 1, 2);
     const tvIconHandle icon = SolidIcon(8, color);
     m_Bar.SetIdle(u"", icon.Get(), 0);
     const Picture picture = Paint();
     const int side = Client().bottom - 4;
-    EXPECT_EQ(m_Bar.m_iconPlace, CenteredBox(BoxAt(2, 2, side, side), 8, 8));
+    EXPECT_EQ(m_Bar.m_iconPlace, CenteredBox(BoxAt(2, 2, 8, side), 8, 8));
     EXPECT_EQ(m_Bar.m_label.left, 2 + side + 2);
     EXPECT_EQ(picture.Count(m_Bar.m_iconPlace, color), 64);
     EXPECT_EQ(picture.Count(color), 64);
@@ -139,6 +154,21 @@ TEST_P(StatusBarDraw, PaintsNoMarksOfTheStandingText) {
     };
     EXPECT_EQ(lastColumn(u"&HH"), lastColumn(u"HH"));
     EXPECT_GT(lastColumn(u"&&HH"), lastColumn(u"HH"));
+}
+
+TEST_P(StatusBarDraw, PaintsTheTextAsTheSystemDoesWithTabsAndOnOneLine) {
+    for (const char16_t* text : {u"Text", u"&Te&&xt", u"A\tB", u"A\nB"}) {
+        const Canvas label(200, 40);
+        m_Bar.tvStatusBar::DrawLabel(label.Dc(), BoxAt(3, 1, 180, 31), text);
+        const Canvas plain(200, 40);
+        RECT rect = BoxAt(3, 1, 180, 31);
+        DrawTextW(plain.Dc(), Wide(text), -1, &rect,
+                  DT_VCENTER | DT_SINGLELINE | DT_EXPANDTABS | DT_HIDEPREFIX);
+        EXPECT_GT(label.Count(RGB(0, 0, 0)), 0);
+        for (int y = 0; y < 40; ++y)
+            for (int x = 0; x < 200; ++x)
+                ASSERT_EQ(label.At(x, y), plain.At(x, y)) << x << ", " << y;
+    }
 }
 
 TEST_P(StatusBarDraw, LooksTheSameAfterTheSystemsStyleHasChanged) {

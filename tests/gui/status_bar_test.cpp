@@ -91,6 +91,15 @@ TEST_F(StatusBarTest, SameTextWithAnotherIconIsAnotherMessage) {
     EXPECT_EQ(m_Bar.Active().m_icon, icon.Get());
 }
 
+TEST_F(StatusBarTest, SameTextWithAnotherTimeIsAnotherMessage) {
+    m_Bar.SetIdle(u"Idle", nullptr, -1);
+    m_Bar.Show(Record(u"Message"));
+    Settle(m_Dialog.Handle());
+    m_Bar.Show(Record(u"Message", -1));
+    EXPECT_EQ(m_Bar.m_message.m_timeout, -1);
+    EXPECT_TRUE(IsInvalid());
+}
+
 TEST_F(StatusBarTest, SettingTheStandingTextPaintsAnew) {
     Settle(m_Dialog.Handle());
     m_Bar.SetIdle(u"Idle", nullptr, 0);

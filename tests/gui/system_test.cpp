@@ -73,6 +73,7 @@ TEST(SystemProc, EachLateFunctionIsThereOnThisSystem) {
     EXPECT_NE(functions.gdiplusStartup.Get(), nullptr);
     EXPECT_NE(functions.gdiplusShutdown.Get(), nullptr);
     EXPECT_NE(functions.shGetStockIconInfo.Get(), nullptr);
+    EXPECT_NE(functions.shCreateItemFromParsingName.Get(), nullptr);
 }
 
 // --- GDI+ ---

@@ -1,4 +1,5 @@
 // What tool tips look like.
+#include "tests/gui/late_functions_guard.h"
 #include "tests/gui/message_box_harness.h"
 #include "tests/gui/sizes.h"
 #include "tests/gui/tool_tip_harness.h"
@@ -68,6 +69,30 @@ TEST_P(ToolTipDraw, HasTheColoursOfTheTheme) {
     EXPECT_EQ(picture.Count(TheTheme().m_border) - picture.Count(inner, TheTheme().m_border), frame);
     EXPECT_GT(picture.Count(inner, TheTheme().m_base), Width(inner) * Height(inner) / 2);
     EXPECT_GT(picture.Count(inner, TheTheme().m_text), 10);
+}
+
+TEST_P(ToolTipColors, DoesNotFade) {
+    static int asked;
+    asked = 0;
+    const LateFunctionsGuard guard;
+    TheLateFunctions().bufferedPaintRenderAnimation.Replace([](HWND, HDC) -> BOOL {
+        ++asked;
+        return FALSE;
+    });
+    TipWith(u"First");
+    TipWith(u"Second");
+    InvalidateRect(TheToolTip().Handle(), nullptr, FALSE);
+    Settle(TheToolTip().Handle());
+    EXPECT_EQ(asked, 0);
+}
+
+TEST_P(ToolTipColors, BreaksItsTextIntoLinesWhereItMayNotBeWider) {
+    const Picture oneLine = TipWith(u"HHHH HHHH HHHH");
+    TheToolTip().Send(TTM_SETMAXTIPWIDTH, 0, oneLine.Width() / 2);
+    const Picture lines = TipWith(u"HHHH HHHH HHHH");
+    TheToolTip().Send(TTM_SETMAXTIPWIDTH, 0, -1);
+    EXPECT_LT(lines.Width(), oneLine.Width());
+    EXPECT_EQ(lines.Count(TheTheme().m_text), oneLine.Count(TheTheme().m_text)) << "nothing is cut off";
 }
 
 TEST_P(ToolTipColors, KeepsItsTextClearOfTheFrame) {
