@@ -74,6 +74,10 @@ bool tvButton::BeforeDefault(UINT message, WPARAM& wParam, LPARAM lParam, LRESUL
         case WM_MOUSELEAVE:
             OnMouseGone();
             return false;
+        case WM_CAPTURECHANGED:
+            // Only as long as it had the mouse it was lit wherever that was.
+            if (!UsesSystemLook()) InvalidateRect(m_hWnd, nullptr, TRUE);
+            return false;
         case WM_LBUTTONDBLCLK:
             PostMessageW(m_hWnd, WM_LBUTTONDOWN, wParam, lParam);
             return true;

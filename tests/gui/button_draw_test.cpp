@@ -52,6 +52,21 @@ TEST_P(PushButton, ShowsTheMouseOverItAndThatItIsPressed) {
     EXPECT_TRUE(PumpUntil([&] { return stage.Look().At(3, 3) == TheTheme().m_button; }));
 }
 
+TEST_P(PushButton, IsNoLongerLitWhenItIsLetGoElsewhere) {
+    const Stage<Painted> stage(GetParam());
+    MoveMouseTo(stage.Window());
+    Press();
+    EXPECT_TRUE(PumpUntil([&] { return stage.Look().At(3, 3) == TheTheme().m_buttonPush; }));
+    MoveMouseAway();
+    EXPECT_TRUE(PumpUntil([&] { return stage.Look().At(3, 3) == TheTheme().m_buttonOver; }));
+    // Not only because the mouse has gone, which may be noticed later.
+    EXPECT_TRUE(PumpUntil([&] { return stage.button.m_hover == 0; }));
+    Settle(stage.Window());
+    Release();
+    EXPECT_TRUE(PumpUntil([&] { return stage.Look().At(3, 3) == TheTheme().m_button; }, 1000));
+    EXPECT_EQ(stage.dialog.CountCommands(kButton), 0);
+}
+
 TEST_P(PushButton, ShowsNoMouseWhileAnotherWindowHasIt) {
     const Stage<Painted> stage(GetParam());
     MoveMouseTo(stage.Window());
@@ -133,6 +148,16 @@ TEST_P(PushButton, WithRoundCornersStandsOnTheBase) {
     EXPECT_EQ(sheet.At(12, 4), TheTheme().m_button);
     EXPECT_NE(sheet.At(30, 0), TheTheme().m_base);
     EXPECT_NE(sheet.At(30, 0), TheTheme().m_button);
+}
+
+TEST_P(PushButton, HasTheCornersAndThePenOfItsRounding) {
+    Stage<Painted> stage(GetParam(), 0, u"");
+    stage.button.m_rounded = 1;
+    const Sheet expected(stage.Window());
+    const RECT all{0, 0, expected.size.cx, expected.size.cy};
+    FillSolid(expected.canvas.Dc(), all, TheTheme().m_base);
+    RoundRect(expected.canvas.Dc(), all, 10, TheTheme().m_button, TheTheme().m_border, 1.5F);
+    EXPECT_TRUE(Sheet(stage.Window(), 0) == expected);
 }
 
 TEST_P(PushButton, PlacesItsTextByTheStyle) {

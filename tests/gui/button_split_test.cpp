@@ -218,6 +218,21 @@ TEST_P(SplitDrag, IsOverWhenTheMouseIsLetGo) {
     EXPECT_EQ(split.m_told, told);
 }
 
+TEST_P(SplitDrag, IsNoLongerLitWhenItIsLetGoBeyondItsEnd) {
+    Sideways split;
+    split.button.m_marginLeft = kX - 10;
+    const int all = kThin * kLong;
+    const COLORREF hot = TheTheme().m_editBg;
+    split.Drag(-60, 0, [&] {
+        Settle(split.Window());
+        EXPECT_EQ(Picture(split.Window()).Count(hot), all);
+        EXPECT_TRUE(PumpUntil([&] { return split.button.m_hover == 0; }));
+        Settle(split.Window());
+    });
+    EXPECT_EQ(split.Place().left, kX - 10);
+    EXPECT_TRUE(PumpUntil([&] { return split.Look().Count(TheTheme().m_base) == all; }, 1000));
+}
+
 // --- What it is ---
 
 TEST(SplitWindow, IsNoStopOfTheTabulatorAndHasNoText) {
