@@ -154,9 +154,9 @@ void tvButton::OnMouseGone() {
     if (!UsesSystemLook()) InvalidateRect(m_hWnd, nullptr, TRUE);
 }
 
-// As a click sends it.
+// Without the window: as a command of the program, it is not reflected, and Enter does not toggle a check
+// box.
 void tvButton::PostCommand() const {
     PostMessageW(GetParent(m_hWnd), WM_COMMAND,
-                 MAKEWPARAM(static_cast<WORD>(GetDlgCtrlID(m_hWnd)), BN_CLICKED),
-                 reinterpret_cast<LPARAM>(m_hWnd));
+                 MAKEWPARAM(static_cast<WORD>(GetDlgCtrlID(m_hWnd)), BN_CLICKED), 0);
 }

@@ -138,6 +138,28 @@ TEST_P(NoteButtonPicture, ShowsMarksInTheNoteAsTheyAre) {
     EXPECT_GT(extent.right, Sheet(stage.Window(), 0).ExtentOf(TheTheme().m_text).right);
 }
 
+TEST_P(NoteButtonPicture, EndsANoteThatIsTooLongInDots) {
+    const tvstring note =
+        u"nn nn nn nn nn nn nn nn nn nn nn nn nn nn nn nn nn nn nn nn nn nn nn nn nn nn nn nn nn";
+    Stage<NoteButton> stage(GetParam(), 0, u"");
+    Widen(stage, 90);
+    const auto looksAsDrawnWith = [&](UINT flags) {
+        stage.button.SetNote(u"");
+        const Sheet expected(stage.Window(), 0);
+        RECT room{7, 7 + 4, expected.size.cx - 7, expected.size.cy - 7};
+        const HDC dc = expected.canvas.Dc();
+        const tvSelected font(dc, TheTheme().Font());
+        SetTextColor(dc, TheTheme().m_text);
+        SetBkMode(dc, TRANSPARENT);
+        DrawTextW(dc, Wide(note.c_str()), static_cast<int>(note.size()), &room, flags);
+        stage.button.SetNote(note);
+        return Sheet(stage.Window(), 0) == expected;
+    };
+    constexpr UINT kWrapped = DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL;
+    EXPECT_TRUE(looksAsDrawnWith(kWrapped | DT_END_ELLIPSIS));
+    EXPECT_FALSE(looksAsDrawnWith(kWrapped));
+}
+
 TEST_P(NoteButtonPicture, HasAFrameOnlyWithTheFocus) {
     Stage<NoteButton> stage(GetParam(), 0, u"n");
     const Sheet idle(stage.Window(), 0);

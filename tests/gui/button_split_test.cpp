@@ -233,7 +233,18 @@ TEST_P(SplitDrag, IsNoLongerLitWhenItIsLetGoBeyondItsEnd) {
     EXPECT_TRUE(PumpUntil([&] { return split.Look().Count(TheTheme().m_base) == all; }, 1000));
 }
 
+TEST_P(SplitDrag, EndsQuietlyIfTheDividerIsDestroyedMeanwhile) {
+    Sideways split;
+    split.Drag(20, 0, [&] { DestroyWindow(split.Window()); });
+    EXPECT_FALSE(split.button.IsAttached());
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
 // --- What it is ---
+
+TEST(SplitWindow, TellsByARegisteredMessage) {
+    EXPECT_GE(WM_TVBUTTON_SPLIT, 0xC000U);
+}
 
 TEST(SplitWindow, IsNoStopOfTheTabulatorAndHasNoText) {
     Sideways split;

@@ -98,6 +98,14 @@ TEST_P(CheckBox, IsToggledByTheSpaceBar) {
     EXPECT_EQ(CheckOf(stage.Window()), BST_CHECKED);
 }
 
+TEST_P(CheckBox, SendsItsCommandForEnterAndIsNotToggled) {
+    BoxStage stage(GetParam(), BS_AUTOCHECKBOX);
+    Focus(stage.dialog, stage.Window());
+    TypeInDialog(stage.dialog, VK_RETURN);
+    EXPECT_EQ(stage.dialog.CountCommands(kButton), 1);
+    EXPECT_EQ(CheckOf(stage.Window()), BST_UNCHECKED);
+}
+
 TEST_P(CheckBox, TakesTheStateThatItIsSetTo) {
     const struct {
         DWORD type;

@@ -151,6 +151,13 @@ TEST_P(MessageBoxPicture, HasAMarkInTheTextAsItIs) {
     EXPECT_GT(withMark, Width(Ink(TextColor())) + 3);
 }
 
+TEST_P(MessageBoxPicture, HasRoomForATabInTheText) {
+    Show(MB_OK | MESSAGE_ICON_NONE, u"H\tH");
+    const int withTab = Width(Ink(TextColor()));
+    Show(MB_OK | MESSAGE_ICON_NONE, u"HHH");
+    EXPECT_GT(withTab, Width(Ink(TextColor())));
+}
+
 TEST_P(MessageBoxPicture, HasAHeadingAboveTheTextInTheLargeFont) {
     Show(MB_OK | MESSAGE_ICON_NONE, u"H");
     const int small = Height(Ink(TextColor()));

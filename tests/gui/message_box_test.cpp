@@ -284,6 +284,37 @@ TEST(MessageBoxes, WithALongTitleIsWider) {
     EXPECT_EQ(widthFor(tvstring(500, u'm')), limit);
 }
 
+namespace {
+
+int CaptionFontWidth(const NONCLIENTMETRICSW& metrics, const tvstring& text) {
+    const tvFontHandle font(CreateFontIndirectW(&metrics.lfCaptionFont));
+    const tvClientDC screen(nullptr);
+    const tvSelected selected(screen.Get(), font.Get());
+    SIZE size{};
+    GetTextExtentPoint32W(screen.Get(), Wide(text.c_str()), static_cast<int>(text.size()), &size);
+    return size.cx;
+}
+
+}  // namespace
+
+TEST(MessageBoxes, HasRoomForItsTitleInTheTitleBar) {
+    const tvstring title = u"A title that is longer than the text";
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    BoxUnderTest box;
+    const auto look = Once([&] {
+        TITLEBARINFO bar{};
+        bar.cbSize = sizeof bar;
+        GetTitleBarInfo(box.Handle(), &bar);
+        RECT window;
+        GetWindowRect(box.Handle(), &window);
+        const int besides = Width(window) - Width(bar.rcTitleBar) + metrics.iCaptionWidth;
+        EXPECT_EQ(Width(window), besides + CaptionFontWidth(metrics, title) + 10);
+    });
+    box.Answer(MB_OK, {look, Key(VK_ESCAPE)}, u"x", title);
+}
+
 TEST(MessageBoxes, StandsInTheMiddleOfTheMainWindow) {
     TestDialog owner(300, 200);
     owner.Open();
@@ -312,6 +343,30 @@ TEST(MessageBoxes, HasAWindowClassOfItsOwn) {
                            EXPECT_STREQ(name, L"tvMsgBox00");
                        }),
                        Key(VK_ESCAPE)});
+}
+
+TEST(MessageBoxes, IsMadeFromATemplateOfThreeButtonsAndACheckBox) {
+    tvMessageBox box;
+    const DialogHeader& header = *box.m_template.Header();
+    EXPECT_EQ(header.cx, 188);
+    EXPECT_EQ(header.cy, 106);
+    EXPECT_EQ(header.count, 4);
+    EXPECT_NE(header.style & WS_POPUP, 0U);
+    constexpr i16 kButtonX[] = {7, 67, 131};
+    for (int i = 0; i < 3; ++i) {
+        const DialogControl& button = *box.Item(i);
+        EXPECT_EQ(button.id, 1001 + i);
+        EXPECT_EQ(button.x, kButtonX[i]);
+        EXPECT_EQ(button.y, 85);
+        EXPECT_EQ(button.cx, 50);
+        EXPECT_EQ(button.cy, 14);
+        EXPECT_EQ(button.style & BS_TYPEMASK, u32{BS_PUSHBUTTON});
+    }
+    const DialogControl& check = *box.Item(3);
+    EXPECT_EQ(check.id, 1004);
+    EXPECT_EQ(check.cx, 0);
+    EXPECT_EQ(check.cy, 0);
+    EXPECT_EQ(check.style & 0xFFFF, 0x2403U);
 }
 
 // --- The check box ---
