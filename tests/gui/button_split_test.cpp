@@ -257,7 +257,9 @@ TEST(SplitWindow, IsNoStopOfTheTabulatorAndHasNoText) {
     tvButton_Split named;
     const HWND made = CreateWindowExW(0, L"BUTTON", L"Text", WS_CHILD, 0, 0, 9, 9, dialog.Handle(), nullptr,
                                       nullptr, nullptr);
+    SetWindowLongPtrW(made, GWL_STYLE, WS_CHILD | WS_TABSTOP);
     named.SubclassWindow(made);
+    EXPECT_EQ(StyleOf(made) & (WS_TABSTOP | WS_CLIPSIBLINGS), DWORD{WS_CLIPSIBLINGS});
     EXPECT_EQ(TextOf(made), u"");
     EXPECT_EQ(named.m_text, u"");
 }

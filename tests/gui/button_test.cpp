@@ -327,6 +327,21 @@ TEST(Button, TellsItsWindowThatTheFocusIsHidden) {
     EXPECT_EQ(handed.Of(WM_UPDATEUISTATE), Arguments({MAKEWPARAM(UIS_SET, UISF_HIDEFOCUS)}));
 }
 
+TEST(Button, TellsANewWindowThatTheFocusIsHidden) {
+    struct Hiding : tvButton {
+        Hiding() { SetHideFocus(true); }
+    };
+    const auto hides = [](HWND window) {
+        return (SendMessageW(window, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS) != 0;
+    };
+    for (const std::u16string_view theme : {kLight, kSystem}) {
+        const Stage<> plain(theme);
+        EXPECT_FALSE(hides(plain.Window()));
+        const Stage<Hiding> hiding(theme);
+        EXPECT_TRUE(hides(hiding.Window()));
+    }
+}
+
 TEST(Button, TakesTheCuesOfItsParentWhenTheFocusIsNoLongerHidden) {
     Stage<> stage(kLight);
     LRESULT cuesOfDialog = UISF_HIDEACCEL;

@@ -146,6 +146,30 @@ TEST(CheckBoxFitting, MeasuresItsBoxAnewWhenTheThemeChanges) {
     EXPECT_EQ(SizeOf(window).cx, SystemSide(window) + Gap(window) + 6);
 }
 
+TEST(CheckBoxFitting, MeasuresItsBoxAnewWhenTheVisualStyleChanges) {
+    struct CountingBox : tvCheckBox {
+        void OnAutoFit() override {
+            ++m_fits;
+            tvCheckBox::OnAutoFit();
+        }
+        int m_fits = 0;
+    };
+    Stage<CountingBox> stage(kLight, BS_AUTOCHECKBOX, u"");
+    const HWND window = stage.Window();
+    SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(TheTheme().m_fontLarge.Get()), TRUE);
+    ASSERT_NE(SystemSide(window), Side(window));
+    ASSERT_TRUE(TheTheme().Apply(TheTheme().FindTheme(tvstring(kSystem))));  // without a word
+    const auto fittedWidth = [&] {
+        stage.button.FitToText(0, 0, 1, 1, false);
+        return SizeOf(window).cx;
+    };
+    EXPECT_EQ(fittedWidth(), Side(window) + Gap(window) + 6);
+    const int fits = stage.button.m_fits;
+    SendMessageW(window, WM_THEMECHANGED, 0, 0);
+    EXPECT_GT(stage.button.m_fits, fits);
+    EXPECT_EQ(fittedWidth(), SystemSide(window) + Gap(window) + 6);
+}
+
 // --- Painting ---
 
 class PaintedBox : public tvCheckBox {

@@ -151,11 +151,11 @@ TEST_P(MessageBoxPicture, HasAMarkInTheTextAsItIs) {
     EXPECT_GT(withMark, Width(Ink(TextColor())) + 3);
 }
 
-TEST_P(MessageBoxPicture, HasRoomForATabInTheText) {
+TEST_P(MessageBoxPicture, GoesToTheNextStopForATabInTheText) {
     Show(MB_OK | MESSAGE_ICON_NONE, u"H\tH");
-    const int withTab = Width(Ink(TextColor()));
-    Show(MB_OK | MESSAGE_ICON_NONE, u"HHH");
-    EXPECT_GT(withTab, Width(Ink(TextColor())));
+    const LONG right = Ink(TextColor()).right;
+    Show(MB_OK | MESSAGE_ICON_NONE, u"HHH\tH");
+    EXPECT_EQ(Ink(TextColor()).right, right);
 }
 
 TEST_P(MessageBoxPicture, HasAHeadingAboveTheTextInTheLargeFont) {
