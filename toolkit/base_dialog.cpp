@@ -2,6 +2,7 @@
 
 #include "toolkit/app.h"
 #include "toolkit/draw.h"
+#include "toolkit/menu_look.h"
 #include "toolkit/statics.h"
 #include "toolkit/theme.h"
 
@@ -69,6 +70,9 @@ LRESULT tvBaseDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 bool tvBaseDlg::OnOwnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     const bool colored = !TheTheme().m_isSystemDefault;
     switch (message) {
+        case WM_THEMECHANGED:
+            if (m_hWnd == tvApp::MainWindow()) TheMenuLook().ForgetStyle();
+            return false;
         case WM_INITMENUPOPUP:
             if (HIWORD(lParam) != 0) GraySizeItem(wParam);
             return false;

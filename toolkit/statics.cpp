@@ -1,6 +1,8 @@
 #include "toolkit/statics.h"
 
 #include "toolkit/button_split.h"
+#include "toolkit/menu_look.h"
+#include "toolkit/menu_map.h"
 #include "toolkit/system.h"
 #include "toolkit/theme.h"
 #include "toolkit/tool_tip.h"
@@ -12,6 +14,8 @@ tvTheme g_Theme;
 tvWndMap g_WndMap;
 tvToolTipCtrl g_ToolTip;
 tvGdiPlus g_GdiPlus;
+tvMenuLook g_MenuLook;
+tvMenuMap g_MenuMap;
 
 }  // namespace
 
@@ -27,4 +31,12 @@ tvWndMap& TheWndMap() {
 
 tvToolTipCtrl& TheToolTip() {
     return g_ToolTip;
+}
+
+tvMenuLook& TheMenuLook() {
+    return g_MenuLook;
+}
+
+tvMenuMap& TheMenuMap() {
+    return g_MenuMap;
 }

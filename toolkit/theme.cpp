@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "toolkit/app.h"
+#include "toolkit/menu.h"
 #include "toolkit/statics.h"
 #include "toolkit/tool_tip.h"
 
@@ -32,6 +33,7 @@ bool tvTheme::Apply(int index) {
     RenewBrush(m_baseBrush, m_base);
     RenewBrush(m_editBrush, m_editBg);
     RenewBrush(m_borderBrush, m_border);
+    if (m_ready) tvMenu::OnThemeChosen();
     if (HWND mainWindow = tvApp::MainWindow()) {
         PostMessageW(mainWindow, WM_SYSCOLORCHANGE, 0, reinterpret_cast<LPARAM>(this));
     }
@@ -65,6 +67,7 @@ void tvTheme::SetFont(const LOGFONTW& logfont, float largeFactor) {
 void tvTheme::AnnounceFont() const {
     const auto font = reinterpret_cast<WPARAM>(Font());
     TheToolTip().Send(WM_SETFONT, font, TRUE);
+    tvMenu::OnFontChosen();
     if (HWND mainWindow = tvApp::MainWindow()) SendMessageW(mainWindow, WM_SETFONT, font, TRUE);
 }
 

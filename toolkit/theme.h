@@ -62,7 +62,7 @@ public:
     bool m_isSystemDefault = false;
 
 private:
-    // Sends the new font to the tool tip and the main window, which hands it on.
+    // Tells the tool tip, the menus and the main window, which hands it on, of the new font.
     void AnnounceFont() const;
 };
 

@@ -1,66 +1,42 @@
 #include "toolkit/theme_control.h"
 
-#include <map>
-
 #include "toolkit/app.h"
+#include "toolkit/menu_map.h"
+#include "toolkit/statics.h"
 
 namespace {
-
-std::map<HMENU, MenuPainter*>& Painters() {
-    static std::map<HMENU, MenuPainter*> painters;
-    return painters;
-}
 
 HMENU ActivePopup() {
     const tvBaseApp* app = tvBaseApp::Get();
     return app == nullptr ? nullptr : app->m_activePopup;
 }
 
-MenuPainter* PainterOfItem(UINT id) {
-    if (MenuPainter* active = MenuPainter::Find(ActivePopup())) return active;
-    for (const auto& [menu, painter] : Painters()) {
-        if (painter->HasItem(id)) return painter;
-    }
-    return nullptr;
+tvMenu* MenuOfItem(UINT id) {
+    tvMenu* active = tvMenu::FromHandle(ActivePopup());
+    return active != nullptr ? active : TheMenuMap().FindByItem(id);
 }
 
 void MeasureMenuItem(MEASUREITEMSTRUCT* item) {
     if (item->CtlType != ODT_MENU) return;
-    if (MenuPainter* painter = PainterOfItem(item->itemID)) painter->OnMeasureItem(item);
+    if (tvMenu* menu = MenuOfItem(item->itemID)) menu->OnMeasureItem(item);
 }
 
 bool DrawMenuItem(DRAWITEMSTRUCT* item) {
     if (item->CtlType != ODT_MENU) return false;
-    MenuPainter* painter = MenuPainter::Find(reinterpret_cast<HMENU>(item->hwndItem));
-    if (painter != nullptr) painter->OnDrawItem(item);
-    return painter != nullptr;
+    tvMenu* menu = tvMenu::FromHandle(reinterpret_cast<HMENU>(item->hwndItem));
+    if (menu != nullptr) menu->OnDrawItem(item);
+    return menu != nullptr;
 }
 
+// The active popup is the one at the root: what opens and closes below it changes nothing.
 void NotePopup(UINT message, WPARAM wParam) {
     tvBaseApp* app = tvBaseApp::Get();
-    if (app == nullptr) return;
     auto* menu = reinterpret_cast<HMENU>(wParam);  // NOLINT(performance-no-int-to-ptr): a message's argument
-    if (message == WM_INITMENUPOPUP) {
-        app->m_activePopup = menu;
-    } else if (app->m_activePopup == menu) {
-        app->m_activePopup = nullptr;
-    }
+    if (app == nullptr || tvMenu::IsSubMenuOf(app->m_activePopup, menu)) return;
+    app->m_activePopup = message == WM_INITMENUPOPUP ? menu : nullptr;
 }
 
 }  // namespace
-
-void MenuPainter::Register(HMENU menu, MenuPainter* painter) {
-    Painters()[menu] = painter;
-}
-
-void MenuPainter::Unregister(HMENU menu) {
-    Painters().erase(menu);
-}
-
-MenuPainter* MenuPainter::Find(HMENU menu) {
-    const auto found = Painters().find(menu);
-    return found == Painters().end() ? nullptr : found->second;
-}
 
 bool tvtheme_control::OnThemeMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                      LRESULT& result) {
