@@ -328,18 +328,21 @@ TEST(Button, TellsItsWindowThatTheFocusIsHidden) {
 }
 
 TEST(Button, TellsANewWindowThatTheFocusIsHidden) {
-    struct Hiding : tvButton {
+    struct Listening : tvButton {
+        void OnSubclassed() override {
+            const HandedOn handed(*this);
+            tvButton::OnSubclassed();
+            m_cues = handed.Of(WM_UPDATEUISTATE);
+        }
+        Arguments m_cues;
+    };
+    struct Hiding : Listening {
         Hiding() { SetHideFocus(true); }
     };
-    const auto hides = [](HWND window) {
-        return (SendMessageW(window, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS) != 0;
-    };
-    for (const std::u16string_view theme : {kLight, kSystem}) {
-        const Stage<> plain(theme);
-        EXPECT_FALSE(hides(plain.Window()));
-        const Stage<Hiding> hiding(theme);
-        EXPECT_TRUE(hides(hiding.Window()));
-    }
+    const Stage<Listening> plain(kLight);
+    EXPECT_TRUE(plain.button.m_cues.empty());
+    const Stage<Hiding> hiding(kLight);
+    EXPECT_EQ(hiding.button.m_cues, Arguments({MAKEWPARAM(UIS_SET, UISF_HIDEFOCUS)}));
 }
 
 TEST(Button, TakesTheCuesOfItsParentWhenTheFocusIsNoLongerHidden) {
