@@ -81,13 +81,14 @@ GalleryDialog::GalleryDialog()
       m_texts(DrawTextSheet),
       m_leftPane(DrawPane),
       m_rightPane(DrawPane) {
-    constexpr int kControls = 160;
+    constexpr int kControls = 180;
     constexpr int kAnySize = 100;
     TemplateBegin(kAnySize, kAnySize, DialogKind::Popup, kControls);
     AddTopRow();
     m_states.AddTo(*this);
     AddNotes();
     AddMessages();
+    Inputs::AddTo(*this);
     AddBottom();
 }
 
@@ -127,6 +128,7 @@ void GalleryDialog::OnSubclassControls() {
     SetTexts();
     WrapButtons();
     m_states.Wrap(m_hWnd, m_picture.Get());
+    m_inputs.Wrap(m_hWnd);
     m_noteIcon.SubclassDlgItem(m_hWnd, ID_NOTE);
     m_noteIcon.Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(m_picture.Get()));
     m_noteHot.SubclassDlgItem(m_hWnd, ID_NOTE_HOT);
@@ -195,7 +197,7 @@ PixelSize GalleryDialog::ToPixels(int x, int y) const {
 void GalleryDialog::OnAutoSize() {
     const int width = kMargin + m_states.Width() + kGap + kSheetWidth + kMargin;
     const int height = kMargin + kButtonHeight + kGap + m_states.Height() + kGap + kNoteHeight + kGap +
-                       kButtonHeight + kGap + kPanesHeight + kGap + kStatusHeight;
+                       kButtonHeight + kGap + Inputs::Height() + kGap + kPanesHeight + kGap + kStatusHeight;
     const PixelSize size = ToPixels(width, height);
     RECT rect{0, 0, size.x, size.y};
     AdjustWindowRectEx(&rect, static_cast<DWORD>(GetWindowLongPtrW(m_hWnd, GWL_STYLE)), FALSE,
@@ -235,6 +237,8 @@ void GalleryDialog::OnLayout() {
               y + i / 2 * (kButtonHeight + kGap), kStatusButton, kButtonHeight);
     y += kNoteHeight + kGap;
     PlaceRow(ID_MESSAGE, kMessageCount, y, kTopButton - 3);
+    y += kButtonHeight + kGap;
+    m_inputs.Place(m_hWnd, m_font, kMargin, y);
     PlacePanes();
     PlaceStatusBar();
 }

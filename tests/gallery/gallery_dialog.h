@@ -1,6 +1,7 @@
 // The window of the gallery: everything that the toolkit paints, in all themes.
 #pragma once
 
+#include "tests/gallery/inputs.h"
 #include "tests/gallery/sheet.h"
 #include "tests/gallery/state_table.h"
 #include "toolkit/base_dialog.h"
@@ -55,6 +56,7 @@ private:
     [[nodiscard]] PixelSize ToPixels(int x, int y) const;
 
     StateTable m_states;
+    Inputs m_inputs;
     std::vector<std::unique_ptr<tvButton>> m_buttons;  // of the rows, in their order
     tvButton_Note m_noteIcon;
     Posed<tvButton_Note> m_noteHot;

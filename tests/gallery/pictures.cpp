@@ -19,9 +19,10 @@ void Settle() {
             MsgWaitForMultipleObjects(0, nullptr, FALSE, kQuiet, QS_ALLINPUT);
             continue;
         }
-        if (message.message != WM_TIMER) last = now;
         TranslateMessage(&message);
         DispatchMessageW(&message);
+        // After it: what a message sets off may take longer than the quiet does.
+        if (message.message != WM_TIMER) last = GetTickCount64();
     }
     GdiFlush();
 }

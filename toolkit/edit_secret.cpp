@@ -1,0 +1,75 @@
+// How an edit box gets rid of a secret.
+//
+// The control keeps its text in a block that grows and never shrinks, and what was deleted last in another
+// one, for undoing. Both are overwritten through the control, since it does not show them. Whatever it
+// replaces it may copy meanwhile and leave the copy behind: so the text is replaced unit by unit.
+#include <algorithm>
+
+#include "platform/memory.h"
+#include "toolkit/control_state.h"
+#include "toolkit/edit.h"
+
+namespace {
+
+constexpr char16_t kFiller = u'*';
+
+// A control of many lines hands out its text's block.
+bool WipeBlock(HWND window) {
+    if (!HasStyle(window, ES_MULTILINE)) return false;
+    auto* block = reinterpret_cast<HLOCAL>(SendMessageW(window, EM_GETHANDLE, 0, 0));
+    if (block == nullptr) return false;
+    void* text = LocalLock(block);
+    if (text == nullptr) return false;
+    platform::WipeMemory(text, LocalSize(block));
+    LocalUnlock(block);
+    return true;
+}
+
+}  // namespace
+
+void tvEdit::NoteLength() {
+    if (IsAttached()) m_longest = std::max(m_longest, GetWindowTextLengthW(m_hWnd));
+}
+
+void tvEdit::Wipe() {
+    if (!IsAttached()) return;
+    NoteLength();
+    m_wiping = true;
+    const auto limit = static_cast<WPARAM>(Send(EM_GETLIMITTEXT));
+    Send(EM_SETLIMITTEXT, 0);
+    // Not for a hidden window, which would be shown.
+    const bool isVisible = HasStyle(m_hWnd, WS_VISIBLE);
+    if (isVisible) Send(WM_SETREDRAW, FALSE);
+    if (!WipeBlock(m_hWnd)) OverwriteText(GetWindowTextLengthW(m_hWnd));
+    OverwriteUndo(m_longest);
+    if (isVisible) Send(WM_SETREDRAW, TRUE);
+    Send(EM_SETLIMITTEXT, limit);
+    m_wiping = false;
+    m_longest = 0;
+    InvalidateRect(m_hWnd, nullptr, TRUE);
+}
+
+void tvEdit::OverwriteText(int length) const {
+    constexpr char16_t kUnit[] = {kFiller, u'\0'};
+    for (int i = 0; i < length; ++i) {
+        Send(EM_SETSEL, static_cast<WPARAM>(i), i + 1);
+        Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(kUnit));
+    }
+}
+
+// Longer and longer texts are deleted, so that the block is overwritten before it has to grow. The last one
+// is as long as any that was there, and covers what else the text's own block holds.
+void tvEdit::OverwriteUndo(int length) const {
+    constexpr int kStep = 16;  // by which blocks grow, with a terminating zero
+    const auto pass = [this](int size) {
+        const tvstring filler(static_cast<std::size_t>(size), kFiller);
+        Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(filler.c_str()));
+        Send(EM_EMPTYUNDOBUFFER);
+        Send(EM_SETSEL, 0, -1);
+        Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L""));
+    };
+    for (int size = kStep - 1; size < length; size += kStep)
+        pass(size);
+    pass(length);
+    Send(EM_EMPTYUNDOBUFFER);
+}
