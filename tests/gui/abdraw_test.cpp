@@ -164,6 +164,9 @@ TEST_F(Buffered, BufferOnlyGrows) {
     EXPECT_EQ(painter.m_buffer.m_bitmap.m_width, 30);
     EXPECT_EQ(painter.m_buffer.m_bitmap.m_height, 40);
     EXPECT_EQ(GetObjectType(first), 0U);
+    Paint(tvabdraw::Fade::No, {0, 0, 50, 10});
+    EXPECT_EQ(painter.m_buffer.m_bitmap.m_width, 50);
+    EXPECT_EQ(painter.m_buffer.m_bitmap.m_height, 40);
 }
 
 TEST_F(Buffered, EmptyRectangleHasABufferOfOnePixel) {

@@ -217,6 +217,12 @@ TEST_F(StatusBarTest, BlinkingTextStaysInFrontOfLaterMessages) {
     EXPECT_EQ(m_Bar.Active().m_text, u"Later");
 }
 
+TEST_F(StatusBarTest, BlinkingWithoutATextStandsInFrontOfNothing) {
+    m_Bar.SetMessage(u"Message", nullptr);
+    m_Bar.m_flashTicks = 5;
+    EXPECT_EQ(m_Bar.Active().m_text, u"Message");
+}
+
 // --- The window ---
 
 TEST_F(StatusBarTest, MakesItsControlOwnerDrawn) {
