@@ -36,9 +36,10 @@ protected:
     void ExpectIs(int glyph) const {
         const Canvas drawn(16, 16);
         DrawGlyph(drawn.Dc(), kBox, glyph, kInk, kPaper);
-        for (int y = 0; y < 16; ++y)
+        for (int y = 0; y < 16; ++y) {
             for (int x = 0; x < 16; ++x)
                 EXPECT_EQ(drawn.At(x, y), canvas.At(x, y)) << x << ", " << y;
+        }
     }
 
     Canvas canvas{16, 16};

@@ -165,9 +165,10 @@ TEST_P(StatusBarDraw, PaintsTheTextAsTheSystemDoesWithTabsAndOnOneLine) {
         DrawTextW(plain.Dc(), Wide(text), -1, &rect,
                   DT_VCENTER | DT_SINGLELINE | DT_EXPANDTABS | DT_HIDEPREFIX);
         EXPECT_GT(label.Count(RGB(0, 0, 0)), 0);
-        for (int y = 0; y < 40; ++y)
+        for (int y = 0; y < 40; ++y) {
             for (int x = 0; x < 200; ++x)
                 ASSERT_EQ(label.At(x, y), plain.At(x, y)) << x << ", " << y;
+        }
     }
 }
 
