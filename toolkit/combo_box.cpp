@@ -26,6 +26,14 @@ int ScreenHeight(HWND window) {
     return Height(ClientOf(GetDesktopWindow()));
 }
 
+// For list and edit box.
+LRESULT PartColors(HDC dc) {
+    const tvTheme& theme = TheTheme();
+    SetTextColor(dc, theme.m_text);
+    SetBkColor(dc, theme.m_editBg);
+    return reinterpret_cast<LRESULT>(theme.m_editBrush.Get());
+}
+
 // The first child that is not the list.
 HWND FirstChildBut(HWND parent, HWND list) {
     HWND child = GetTopWindow(parent);
@@ -216,24 +224,23 @@ void tvComboBox::OnThemeChosen() {
 
 // --- The parts ---
 
-LRESULT tvComboBox::PartColors(HDC dc) const {
-    const tvTheme& theme = TheTheme();
-    SetTextColor(dc, theme.m_text);
-    SetBkColor(dc, theme.m_editBg);
-    return reinterpret_cast<LRESULT>(theme.m_editBrush.Get());
-}
-
 LRESULT tvComboBox::_ListBox::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     const LRESULT result = tvWnd::WindowProc(message, wParam, lParam);
     const tvTheme& theme = TheTheme();
-    if (message == WM_NCPAINT && !theme.m_isSystemDefault && m_owner->IsAttached()) {
+    if (!m_owner->IsAttached()) return result;
+    // The system has only a part of the box painted when the list opens and closes.
+    if (message == WM_WINDOWPOSCHANGED && m_owner->IsOwnerDrawn())
+        InvalidateRect(m_owner->m_hWnd, nullptr, FALSE);
+    if (message == WM_NCPAINT && !theme.m_isSystemDefault) {
         const bool isSimple = (StyleOfWindow(m_owner->m_hWnd) & CBS_DROPDOWNLIST) == CBS_SIMPLE;
-        FrameNonClient(m_hWnd, theme.m_base, isSimple ? theme.m_border : theme.m_borderActive);
+        // A scroll bar, which has just been painted, is not to be filled over.
+        const COLORREF fill = HasStyle(m_hWnd, WS_VSCROLL) ? kNoColor : theme.m_base;
+        FrameNonClient(m_hWnd, fill, isSimple ? theme.m_border : theme.m_borderActive);
     }
     return result;
 }
 
-LRESULT tvComboBox::_Edit::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT tvComboBox::EditPart::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     const LRESULT result = tvEdit::WindowProc(message, wParam, lParam);
     switch (message) {
         case WM_MOUSEMOVE:

@@ -47,6 +47,7 @@ public:
     void OnDraw(HDC dc, const RECT& rect, void* paint) override;
 
     // The list, which is a window of its own while it is dropped down.
+    // NOLINTNEXTLINE(clang-diagnostic-reserved-identifier): within a class the name is nobody else's
     class _ListBox : public tvWnd {
     public:
         LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -54,7 +55,7 @@ public:
     };
 
     // The edit box, if the style has one. What mouse and keyboard do there shows on the combo box.
-    class _Edit : public tvEdit {
+    class EditPart : public tvEdit {
     public:
         LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
         tvComboBox* m_owner = nullptr;
@@ -63,7 +64,7 @@ public:
     // --- Fields, in their order ---
 
     _ListBox m_list;
-    _Edit m_edit;
+    EditPart m_edit;
     u8 m_autoHeight = 1;    // rows and box are as high as the font needs
     tvThemeHandle m_theme;  // the visual style of combo boxes
     u8 m_themeOpen = 0;     // it was asked for
@@ -80,7 +81,6 @@ private:
     void ReadUiState();
     void OnThemeChosen();
     void OnMouse();
-    LRESULT PartColors(HDC dc) const;
 
     // Everything that a new window is given of the old one.
     struct Kept;
@@ -96,11 +96,11 @@ private:
     void PaintWindow();
     void OpenTheme();
     void DrawGround(HDC dc, const Look& look) const;
-    void DrawColored(HDC dc, const Look& look) const;
+    static void DrawColored(HDC dc, const Look& look);
     void DrawSystems(HDC dc, const Look& look) const;
-    void DrawListGround(HDC dc, const Look& look) const;
+    static void DrawListGround(HDC dc, const Look& look);
     void DrawArrow(HDC dc, const Look& look) const;
-    void DrawColoredArrow(HDC dc, const Look& look) const;
+    static void DrawColoredArrow(HDC dc, const Look& look);
     void DrawFocus(HDC dc, const Look& look) const;
     void DrawSelection(HDC dc, RECT rect, const Look& look) const;
     [[nodiscard]] bool HasFocus(HWND list) const;

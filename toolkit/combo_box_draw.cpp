@@ -145,7 +145,7 @@ void tvComboBox::DrawGround(HDC dc, const Look& look) const {
     }
 }
 
-void tvComboBox::DrawColored(HDC dc, const Look& look) const {
+void tvComboBox::DrawColored(HDC dc, const Look& look) {
     const tvTheme& theme = TheTheme();
     COLORREF fill = look.hasEdit ? theme.m_editBg : theme.m_button;
     COLORREF frame = theme.m_border;
@@ -173,7 +173,7 @@ void tvComboBox::DrawSystems(HDC dc, const Look& look) const {
 }
 
 // Below the edit box of one whose list is always open.
-void tvComboBox::DrawListGround(HDC dc, const Look& look) const {
+void tvComboBox::DrawListGround(HDC dc, const Look& look) {
     if (look.list == nullptr || IsWindowVisible(look.list) == FALSE) return;
     const tvTheme& theme = TheTheme();
     RECT below = look.client;
@@ -202,7 +202,7 @@ void tvComboBox::DrawArrow(HDC dc, const Look& look) const {
     }
 }
 
-void tvComboBox::DrawColoredArrow(HDC dc, const Look& look) const {
+void tvComboBox::DrawColoredArrow(HDC dc, const Look& look) {
     constexpr double kScale = 0.55;
     const tvTheme& theme = TheTheme();
     if (look.arrowState > STATE_IDLE) {

@@ -38,7 +38,9 @@ tvstring tvComboBox::ItemText(int index) const {
 tvComboBox::Kept tvComboBox::Read() const {
     constexpr DWORD kOwnerDrawBits = CBS_OWNERDRAWFIXED | CBS_OWNERDRAWVARIABLE;
     Kept kept;
-    kept.style = StyleOfWindow(m_hWnd) & ~kOwnerDrawBits;
+    // The system has taken the scroll bar of the list out of the window's style. It shows only if it is
+    // needed.
+    kept.style = (StyleOfWindow(m_hWnd) & ~kOwnerDrawBits) | WS_VSCROLL;
     kept.parent = GetAncestor(m_hWnd, GA_PARENT);
     kept.id = GetDlgCtrlID(m_hWnd);
     kept.place = PlaceInParent(m_hWnd);

@@ -84,12 +84,12 @@ bool tvDialog::IsMainWindow() const noexcept {
 bool tvDialog::Create(HWND parent) {
     if (m_hWnd != nullptr) return false;
     const HINSTANCE module = ModuleOfProgram();
-    const void* source = m_templateId != 0 ? DialogResource(module, m_templateId) : m_template.Get();
+    const void* source = m_templateId != 0 ? DialogResource(module, m_templateId) : m_builder.Get();
     if (source == nullptr || !RegisterDialogClass(ClassOfTemplate(source), module)) return false;
     SetCreating(this);
     const HWND made = m_templateId != 0
                           ? CreateDialogParamW(module, MAKEINTRESOURCEW(m_templateId), parent, &DialogProc, 0)
-                          : CreateDialogIndirectParamW(module, m_template.Get(), parent, &DialogProc, 0);
+                          : CreateDialogIndirectParamW(module, m_builder.Get(), parent, &DialogProc, 0);
     SetCreating(nullptr);
     return made != nullptr;
 }

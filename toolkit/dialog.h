@@ -34,12 +34,12 @@ public:
     // --- The template in memory ---
 
     void TemplateBegin(int cx, int cy, DialogKind kind, int reserve) {
-        m_template.Begin(cx, cy, kind, reserve);
+        m_builder.Begin(cx, cy, kind, reserve);
     }
     DialogControl* AddControl(u16 atom, u16 id, int x, int y, int cx, int cy) {
-        return m_template.AddControl(atom, id, x, y, cx, cy);
+        return m_builder.AddControl(atom, id, x, y, cx, cy);
     }
-    DialogControl* Item(int index) { return m_template.Item(index); }
+    DialogControl* Item(int index) { return m_builder.Item(index); }
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool IsDialogMsg(MSG* msg) override;
@@ -48,9 +48,9 @@ public:
 
     // --- Fields, in their order ---
 
-    int m_result = 0;      // of the modal run; 0 while it goes on
-    u16 m_templateId = 0;  // of a resource; 0: the template in memory
-    DialogTemplate m_template;
+    int m_result = 0;          // of the modal run; 0 while it goes on
+    u16 m_templateId = 0;      // of a resource; 0: the template in memory
+    DialogTemplate m_builder;  // of the template in memory
 
 private:
     static INT_PTR CALLBACK DialogProc(HWND handle, UINT message, WPARAM wParam, LPARAM lParam);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -36,7 +37,9 @@ void CopyText(char16_t (&out)[Size], std::u16string_view text) {
 }  // namespace
 
 void DialogTemplate::Begin(int cx, int cy, DialogKind kind, int reserve) {
-    m_Bytes.assign(RoomFor(std::max(reserve, 0)), 0);
+    m_template.reset();
+    m_templateBytes = 0;
+    Reserve(RoomFor(std::max(reserve, 0)));
     DialogHeader& header = *Header();
     header.style = kind == DialogKind::Popup ? kPopupStyle : kChildStyle;
     header.cx = static_cast<i16>(cx);
@@ -46,12 +49,20 @@ void DialogTemplate::Begin(int cx, int cy, DialogKind kind, int reserve) {
     CopyText(header.faceName, m_faceName);
 }
 
+void DialogTemplate::Reserve(std::size_t bytes) {
+    if (bytes <= m_templateBytes) return;
+    auto larger = std::make_unique<u8[]>(bytes);
+    std::copy_n(m_template.get(), m_templateBytes, larger.get());
+    m_template = std::move(larger);
+    m_templateBytes = static_cast<u32>(bytes);
+}
+
 DialogControl* DialogTemplate::AddControl(u16 atom, u16 id, int x, int y, int cx, int cy) {
     const auto* style = std::find_if(std::begin(kClassStyles), std::end(kClassStyles),
                                      [atom](const ClassStyle& known) { return known.atom == atom; });
-    if (style == std::end(kClassStyles) || m_Bytes.empty()) return nullptr;
+    if (style == std::end(kClassStyles) || m_template == nullptr) return nullptr;
     const int place = Header()->count;
-    m_Bytes.resize(std::max(m_Bytes.size(), RoomFor(place + 1)));
+    Reserve(RoomFor(place + 1));
     Header()->count = static_cast<u16>(place + 1);
     DialogControl* control = Item(place);
     *control = {style->style,
@@ -69,23 +80,23 @@ DialogControl* DialogTemplate::AddControl(u16 atom, u16 id, int x, int y, int cx
     return control;
 }
 
-DialogControl* DialogTemplate::Item(int index) {
-    if (m_Bytes.empty() || index < 0 || index >= Header()->count) return nullptr;
+DialogControl* DialogTemplate::Item(int index) const {
+    if (m_template == nullptr || index < 0 || index >= Header()->count) return nullptr;
     u8* place =
-        m_Bytes.data() + sizeof(DialogHeader) + static_cast<std::size_t>(index) * sizeof(DialogControl);
+        m_template.get() + sizeof(DialogHeader) + static_cast<std::size_t>(index) * sizeof(DialogControl);
     return reinterpret_cast<DialogControl*>(place);
 }
 
-DialogHeader* DialogTemplate::Header() noexcept {
-    return m_Bytes.empty() ? nullptr : reinterpret_cast<DialogHeader*>(m_Bytes.data());
+DialogHeader* DialogTemplate::Header() const noexcept {
+    return m_template == nullptr ? nullptr : reinterpret_cast<DialogHeader*>(m_template.get());
 }
 
 const DLGTEMPLATE* DialogTemplate::Get() const noexcept {
-    return m_Bytes.empty() ? nullptr : reinterpret_cast<const DLGTEMPLATE*>(m_Bytes.data());
+    return m_template == nullptr ? nullptr : reinterpret_cast<const DLGTEMPLATE*>(m_template.get());
 }
 
 std::size_t DialogTemplate::Size() const noexcept {
-    if (m_Bytes.empty()) return 0;
-    const auto& header = *reinterpret_cast<const DialogHeader*>(m_Bytes.data());
+    if (m_template == nullptr) return 0;
+    const auto& header = *reinterpret_cast<const DialogHeader*>(m_template.get());
     return sizeof header + header.count * sizeof(DialogControl);
 }

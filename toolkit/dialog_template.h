@@ -2,7 +2,7 @@
 // have fixed sizes, so that an entry can be changed after it was added.
 #pragma once
 
-#include <vector>
+#include <memory>
 
 #include "platform/types.h"
 #include "toolkit/win32.h"
@@ -59,21 +59,26 @@ public:
     DialogControl* AddControl(u16 atom, u16 id, int x, int y, int cx, int cy);
 
     // A control by its place; null if there is none.
-    DialogControl* Item(int index);
+    [[nodiscard]] DialogControl* Item(int index) const;
 
     // Null before Begin.
-    [[nodiscard]] DialogHeader* Header() noexcept;
+    [[nodiscard]] DialogHeader* Header() const noexcept;
     [[nodiscard]] const DLGTEMPLATE* Get() const noexcept;
 
     // The bytes that are used, and those that there is room for: a multiple of four controls beyond the
     // header.
     [[nodiscard]] std::size_t Size() const noexcept;
-    [[nodiscard]] std::size_t Capacity() const noexcept { return m_Bytes.size(); }
+    [[nodiscard]] std::size_t Capacity() const noexcept { return m_templateBytes; }
+
+    // --- Fields, in their order ---
 
     u16 m_pointSize = 9;
     const char16_t* m_faceName = u"Segoe UI";
     const char16_t* m_className = u"tvThemeWnd";
+    std::unique_ptr<u8[]> m_template;
+    u32 m_templateBytes = 0;  // that there is room for
 
 private:
-    std::vector<u8> m_Bytes;
+    // Makes room, with zeros behind what is there.
+    void Reserve(std::size_t bytes);
 };

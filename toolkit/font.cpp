@@ -41,7 +41,8 @@ int GetFontHeight(HDC dc, int* averageWidth) {
     constexpr std::wstring_view kLetters = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
     constexpr int kCount = static_cast<int>(kLetters.size());
     RECT rect = BoxAt(0, 0, 1024, 768);
-    if (DrawTextW(dc, kLetters.data(), kCount, &rect, DT_CALCRECT | DT_SINGLELINE) == 0) rect = RECT{};
+    if (dc == nullptr || DrawTextW(dc, kLetters.data(), kCount, &rect, DT_CALCRECT | DT_SINGLELINE) == 0)
+        rect = RECT{};
     if (averageWidth != nullptr) *averageWidth = MulDiv(Width(rect), 1, kCount);
     return Height(rect);
 }

@@ -43,7 +43,7 @@ bool CanBeClosed(HWND window) {
 tvMessageBox::tvMessageBox() {
     constexpr int kButtonX[] = {7, 67, 131};
     constexpr u32 kCheckStyle = BS_AUTOCHECKBOX | BS_TOP | BS_MULTILINE;
-    m_template.m_className = u"tvMsgBox00";
+    m_builder.m_className = u"tvMsgBox00";
     TemplateBegin(188, 106, DialogKind::Popup, 4);
     for (u16 i = 0; i < 3; ++i)
         AddControl(ATOM_BUTTON, static_cast<u16>(CONTROL_BUTTON + i), kButtonX[i], 85, 50, 14);

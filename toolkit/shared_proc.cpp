@@ -1,5 +1,6 @@
 // The window procedure that all wrapped windows share.
 #include "toolkit/app.h"
+#include "toolkit/statics.h"
 #include "toolkit/timer.h"
 #include "toolkit/wnd.h"
 
@@ -24,10 +25,17 @@ bool ReflectDrawItem(LPARAM lParam, LRESULT& result) {
     return wnd->m_drawItemUnhandled == 0;
 }
 
+tvWnd* MeasuredControl(HWND parent, int id) {
+    tvWnd* known = TheWndMap().m_measured;
+    if (known != nullptr && GetDlgCtrlID(known->Handle()) == id && GetParent(known->Handle()) == parent)
+        return known;
+    return tvWnd::FromHandle(tvWnd::FindDescendant(parent, id));
+}
+
 bool ReflectMeasureItem(HWND parent, LPARAM lParam, LRESULT& result) {
     auto* item = reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);  // NOLINT(performance-no-int-to-ptr)
     if (item->CtlType == ODT_MENU || item->CtlID == 0) return false;
-    tvWnd* wnd = tvWnd::FromHandle(tvWnd::FindDescendant(parent, static_cast<int>(item->CtlID)));
+    tvWnd* wnd = MeasuredControl(parent, static_cast<int>(item->CtlID));
     if (wnd == nullptr) return false;
     wnd->m_measureItemUnhandled = 0;
     wnd->OnReflectMeasureItem(item);

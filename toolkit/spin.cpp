@@ -133,8 +133,8 @@ void tvSpinCtrl::OnMouseInside() {
 void tvSpinCtrl::HitPart() {
     u8 part = 0;
     if (IsMouseInside(m_hWnd)) {
-        const auto halves = Halves(ClientOf(m_hWnd), IsHorizontal());
-        part = PtInRect(&halves[0], MouseIn(m_hWnd)) != FALSE ? 1 : 2;
+        const RECT first = Halves(ClientOf(m_hWnd), IsHorizontal())[0];
+        part = PtInRect(&first, MouseIn(m_hWnd)) != FALSE ? 1 : 2;
     }
     if (part != std::exchange(m_hotPart, part)) InvalidateRect(m_hWnd, nullptr, FALSE);
 }

@@ -10,12 +10,15 @@
 
 namespace {
 
-tvTheme g_Theme;
-tvWndMap g_WndMap;
-tvToolTipCtrl g_ToolTip;
-tvGdiPlus g_GdiPlus;
-tvMenuLook g_MenuLook;
-tvMenuMap g_MenuMap;
+// Before the objects of all other sources.
+constexpr int kFirst = 1000;
+
+[[gnu::init_priority(kFirst)]] tvTheme g_Theme;
+[[gnu::init_priority(kFirst)]] tvWndMap g_WndMap;
+[[gnu::init_priority(kFirst)]] tvToolTipCtrl g_ToolTip;
+[[gnu::init_priority(kFirst)]] tvGdiPlus g_GdiPlus;
+[[gnu::init_priority(kFirst)]] tvMenuLook g_MenuLook;
+[[gnu::init_priority(kFirst)]] tvMenuMap g_MenuMap;
 
 }  // namespace
 

@@ -119,6 +119,10 @@ public:
     void Remove(HWND handle) { m_Map.erase(handle); }
     [[nodiscard]] std::size_t Count() const noexcept { return m_Map.size(); }
 
+    // The control that has its parent asked for a size at this moment, if that is known: it need not be
+    // looked for then, which takes time.
+    tvWnd* m_measured = nullptr;
+
 private:
     std::map<HWND, tvWnd*> m_Map;
 };

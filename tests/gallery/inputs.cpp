@@ -95,9 +95,10 @@ void Inputs::Place(HWND dialog, HFONT font, int x, int y) {
         SetWindowPos(GetDlgItem(dialog, id), nullptr, at.x, at.y, size.x, size.y,
                      SWP_NOZORDER | SWP_NOACTIVATE);
     };
-    for (std::size_t i = 0; i < EDITS; ++i)
+    for (std::size_t i = 0; i < EDITS; ++i) {
         place(Id(kFirstEdit, i), x + static_cast<int>(i) * kStep, y, kWidth,
               i == EDIT_LINES ? kLinesHeight : kHeight);
+    }
     for (std::size_t i = 0; i < COMBOS; ++i)
         place(Id(kFirstCombo, i), x + static_cast<int>(i) * kStep, y + kRowStep, kWidth, kHeight);
     const int right = x + static_cast<int>(EDITS) * kStep;

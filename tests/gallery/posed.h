@@ -48,9 +48,11 @@ public:
         Base::GetColors(posed, colors);
     }
 
-    // A dialog lets but one button be the default one: it must not know of this one.
+    // A dialog lets but one button be the default one: it must not know of this one. And what is lent for a
+    // picture, and given back, is no reason for the next picture.
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message == WM_GETDLGCODE && m_pose == Pose::Default) return DLGC_BUTTON;
+        if (message == WM_CAPTURECHANGED && m_pose == Pose::Hot) return 0;
         return Base::WindowProc(message, wParam, lParam);
     }
 

@@ -75,7 +75,7 @@ TEST_F(BaseDialog, HasTheThemesFontButIsNotReadyWhenTheFirstHookRuns) {
 }
 
 TEST_F(BaseDialog, StartsAgainWithoutTheLimitsOfItsFormerWindow) {
-    m_Dialog.m_template.Header()->style |= WS_THICKFRAME;
+    m_Dialog.m_builder.Header()->style |= WS_THICKFRAME;
     m_Dialog.m_minWidth = m_Dialog.m_minHeight = m_Dialog.m_maxWidth = m_Dialog.m_maxHeight = 50;
     ASSERT_TRUE(m_Dialog.Create(nullptr));
     EXPECT_EQ(m_Dialog.m_minWidth, 0);
@@ -259,7 +259,7 @@ TEST_F(BaseDialog, DoesNotRescaleItself) {
 class FixedSizeDialog : public BaseDialog {
 protected:
     FixedSizeDialog() {
-        m_Dialog.m_template.Header()->style |= WS_THICKFRAME;
+        m_Dialog.m_builder.Header()->style |= WS_THICKFRAME;
         m_Dialog.m_FixedSize = true;
     }
 };
@@ -296,7 +296,7 @@ TEST_F(FixedSizeDialog, CannotBeMadeLargerOrSmaller) {
 }
 
 TEST_F(BaseDialog, WithoutLimitsKeepsSizeInItsMenuAndItsBorder) {
-    m_Dialog.m_template.Header()->style |= WS_THICKFRAME;
+    m_Dialog.m_builder.Header()->style |= WS_THICKFRAME;
     ASSERT_TRUE(m_Dialog.Create(nullptr));
     const HMENU menu = GetSystemMenu(m_Dialog.Handle(), FALSE);
     m_Dialog.Send(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), MAKELPARAM(0, 1));

@@ -86,7 +86,7 @@ TEST(RegisterClassOnce, ADialogOfAClassThatTheSystemRefusesCannotBeMade) {
     const WNDCLASSW taken = ClassNamed(L"tvTakenDlg");
     ASSERT_NE(RegisterClassW(&taken), 0);
     tvDialog dialog;
-    dialog.m_template.m_className = u"tvTakenDlg";
+    dialog.m_builder.m_className = u"tvTakenDlg";
     dialog.TemplateBegin(100, 50, DialogKind::Popup, 0);
     EXPECT_FALSE(dialog.Create(nullptr));
     EXPECT_EQ(dialog.DoModal(), -1);

@@ -347,7 +347,7 @@ TEST(MessageBoxes, HasAWindowClassOfItsOwn) {
 
 TEST(MessageBoxes, IsMadeFromATemplateOfThreeButtonsAndACheckBox) {
     tvMessageBox box;
-    const DialogHeader& header = *box.m_template.Header();
+    const DialogHeader& header = *box.m_builder.Header();
     EXPECT_EQ(header.cx, 188);
     EXPECT_EQ(header.cy, 106);
     EXPECT_EQ(header.count, 4);
@@ -460,6 +460,6 @@ TEST(MessageBoxes, GivesMinusOneIfItCannotBeMade) {
 
 TEST(MessageBoxes, GivesMinusOneIfItsWindowCannotBeMade) {
     BoxUnderTest box;
-    box.m_template = DialogTemplate();
+    box.m_builder = DialogTemplate();
     EXPECT_EQ(box.Run(nullptr, u"Text", MB_OK, u"Title"), -1);
 }

@@ -1,4 +1,5 @@
 #include "toolkit/theme_control.h"
+#include "toolkit/menu.h"
 
 #include <gtest/gtest.h>
 
@@ -21,14 +22,15 @@ public:
     void OnDraw(HDC, const RECT&, void*) override {}
 };
 
-class NotingPainter : public MenuPainter {
+class NotingMenu : public tvMenu {
 public:
-    explicit NotingPainter(UINT item) : m_Item(item) {}
+    explicit NotingMenu(UINT item) {
+        CreatePopup();
+        AddItem(item, u"row");
+    }
     void OnMeasureItem(MEASUREITEMSTRUCT*) override { ++m_Measured; }
     void OnDrawItem(DRAWITEMSTRUCT*) override { ++m_Drawn; }
-    [[nodiscard]] bool HasItem(UINT id) const override { return id == m_Item; }
 
-    UINT m_Item;
     int m_Measured = 0;
     int m_Drawn = 0;
 };
@@ -97,10 +99,12 @@ TEST_F(ThemeControl, LeavesOtherMessagesAlone) {
 
 TEST_F(ThemeControl, KnowsThePopupThatIsOpen) {
     const tvMenuHandle menu(CreatePopupMenu());
-    const tvMenuHandle other(CreatePopupMenu());
+    const HMENU below = CreatePopupMenu();
+    AppendMenuW(menu.Get(), MF_POPUP, reinterpret_cast<UINT_PTR>(below), L"below");
     EXPECT_FALSE(Send(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu.Get())));
     EXPECT_EQ(TestApp::Get().m_activePopup, menu.Get());
-    EXPECT_FALSE(Send(WM_UNINITMENUPOPUP, reinterpret_cast<WPARAM>(other.Get())));
+    EXPECT_FALSE(Send(WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(below)));
+    EXPECT_FALSE(Send(WM_UNINITMENUPOPUP, reinterpret_cast<WPARAM>(below)));
     EXPECT_EQ(TestApp::Get().m_activePopup, menu.Get());
     EXPECT_FALSE(Send(WM_UNINITMENUPOPUP, reinterpret_cast<WPARAM>(menu.Get())));
     EXPECT_EQ(TestApp::Get().m_activePopup, nullptr);
@@ -115,53 +119,47 @@ TEST_F(ThemeControl, AnswersEveryMeasureWithOne) {
 
 class ThemeMenus : public ThemeControl {
 protected:
-    ThemeMenus() {
-        MenuPainter::Register(m_Menu.Get(), &m_Painter);
-        MenuPainter::Register(m_OtherMenu.Get(), &m_OtherPainter);
-    }
-    ~ThemeMenus() override {
-        MenuPainter::Unregister(m_Menu.Get());
-        MenuPainter::Unregister(m_OtherMenu.Get());
-    }
-    tvMenuHandle m_Menu{CreatePopupMenu()};
-    tvMenuHandle m_OtherMenu{CreatePopupMenu()};
-    NotingPainter m_Painter{4};
-    NotingPainter m_OtherPainter{5};
+    // Rows are looked for by numbers that commands do not have.
+    static constexpr UINT kRow = 0x10004;
+    static constexpr UINT kOtherRow = 0x10005;
+    NotingMenu m_Menu{kRow};
+    NotingMenu m_OtherMenu{kOtherRow};
 };
 
 TEST_F(ThemeMenus, AreMeasuredByThePopupThatIsOpen) {
-    TestApp::Get().m_activePopup = m_OtherMenu.Get();
+    TestApp::Get().m_activePopup = m_OtherMenu.Handle();
     EXPECT_TRUE(SendMeasure(ODT_MENU, 4));
     EXPECT_EQ(m_Result, 1);
-    EXPECT_EQ(m_OtherPainter.m_Measured, 1);
-    EXPECT_EQ(m_Painter.m_Measured, 0);
+    EXPECT_EQ(m_OtherMenu.m_Measured, 1);
+    EXPECT_EQ(m_Menu.m_Measured, 0);
 }
 
 TEST_F(ThemeMenus, AreMeasuredByTheOneThatHasTheRowIfTheOpenOneIsUnknown) {
     const tvMenuHandle unknown(CreatePopupMenu());
     TestApp::Get().m_activePopup = unknown.Get();
-    EXPECT_TRUE(SendMeasure(ODT_MENU, 5));
-    EXPECT_EQ(m_OtherPainter.m_Measured, 1);
-    EXPECT_EQ(m_Painter.m_Measured, 0);
-    SendMeasure(ODT_MENU, 6);
-    SendMeasure(ODT_LISTBOX, 5);
-    EXPECT_EQ(m_OtherPainter.m_Measured, 1);
+    EXPECT_TRUE(SendMeasure(ODT_MENU, kOtherRow));
+    EXPECT_EQ(m_OtherMenu.m_Measured, 1);
+    EXPECT_EQ(m_Menu.m_Measured, 0);
+    SendMeasure(ODT_MENU, kOtherRow + 1);
+    SendMeasure(ODT_LISTBOX, kOtherRow);
+    EXPECT_EQ(m_OtherMenu.m_Measured, 1);
 }
 
-TEST_F(ThemeMenus, AreDrawnByTheirOwnPainter) {
-    EXPECT_TRUE(SendDraw(ODT_MENU, m_OtherMenu.Get()));
+TEST_F(ThemeMenus, AreDrawnByTheirOwnMenu) {
+    EXPECT_TRUE(SendDraw(ODT_MENU, m_OtherMenu.Handle()));
     EXPECT_EQ(m_Result, 1);
-    EXPECT_EQ(m_OtherPainter.m_Drawn, 1);
-    EXPECT_EQ(m_Painter.m_Drawn, 0);
+    EXPECT_EQ(m_OtherMenu.m_Drawn, 1);
+    EXPECT_EQ(m_Menu.m_Drawn, 0);
 }
 
 TEST_F(ThemeMenus, ThatAreUnknownAndOtherControlsAreLeftToTheWindow) {
     const tvMenuHandle unknown(CreatePopupMenu());
     EXPECT_FALSE(SendDraw(ODT_MENU, unknown.Get()));
-    EXPECT_FALSE(SendDraw(ODT_LISTBOX, m_Menu.Get()));
-    EXPECT_EQ(m_Painter.m_Drawn, 0);
-    MenuPainter::Unregister(m_Menu.Get());
-    EXPECT_FALSE(SendDraw(ODT_MENU, m_Menu.Get()));
+    EXPECT_FALSE(SendDraw(ODT_LISTBOX, m_Menu.Handle()));
+    EXPECT_EQ(m_Menu.m_Drawn, 0);
+    const HMENU gone = m_Menu.Handle();
+    m_Menu.Detach(tvMenu::Menu::Destroy);
+    EXPECT_FALSE(SendDraw(ODT_MENU, gone));
 }
 
 }  // namespace

@@ -1,0 +1,209 @@
+// What was in a box for passwords is nowhere in the process once its window is gone.
+#include <array>
+
+#include "tests/gui/input_stage.h"
+#include "toolkit/edit.h"
+
+namespace {
+
+using EditStage = InputStage<tvEdit, ATOM_EDIT>;
+
+constexpr std::size_t kLength = 90;
+
+// The secret is nowhere in the program: each unit is computed when it is needed.
+char16_t SecretUnit(std::size_t index) {
+    static volatile unsigned seed = 17;
+    return static_cast<char16_t>(u'A' + (index * index * 7 + index * 3 + seed) % 26);
+}
+
+tvstring Secret(std::size_t length = kLength) {
+    tvstring text(length, u' ');
+    for (std::size_t i = 0; i < length; ++i)
+        text[i] = SecretUnit(i);
+    return text;
+}
+
+void SetSecret(HWND window, std::size_t length = kLength) {
+    const tvstring secret = Secret(length);
+    SetWindowTextW(window, Wide(secret.c_str()));
+}
+
+// A part of the secret, from its middle: 24 units in a row.
+bool IsSecretAt(const char16_t* units) {
+    constexpr std::size_t kFrom = 40;
+    constexpr std::size_t kUnits = 24;
+    for (std::size_t i = 0; i < kUnits; ++i)
+        if (units[i] != SecretUnit(kFrom + i)) return false;
+    return true;
+}
+
+// How often it is in the memory that the process can write.
+int CountSecrets() {
+    int count = 0;
+    MEMORY_BASIC_INFORMATION range{};
+    const u8* place = nullptr;
+    while (VirtualQuery(place, &range, sizeof range) == sizeof range) {
+        const auto* base = static_cast<const u8*>(range.BaseAddress);
+        if (range.State == MEM_COMMIT && range.Protect == PAGE_READWRITE) {
+            const char16_t first = SecretUnit(40);
+            for (std::size_t i = 0; i + 64 <= range.RegionSize; i += sizeof(char16_t)) {
+                const auto* units = reinterpret_cast<const char16_t*>(base + i);
+                if (*units == first && IsSecretAt(units)) ++count;
+            }
+        }
+        place = base + range.RegionSize;
+    }
+    return count;
+}
+
+// For the tests to come: overwrites what is left in memory that is free.
+void ForgetSecrets() {
+    constexpr int kRounds = 100;
+    for (int round = 0; round < kRounds && CountSecrets() > 0; ++round) {
+        std::vector<std::vector<u8>> blocks;
+        for (std::size_t size = 16; size < 2000; size += 16)
+            blocks.emplace_back(size, u8{1});
+    }
+}
+
+TEST(EditSecret, OfAnOrdinaryBoxIsFound) {
+    EditStage stage;
+    ASSERT_EQ(CountSecrets(), 0);
+    SetSecret(stage.Window());
+    EXPECT_GE(CountSecrets(), 1);
+    stage.dialog.Close();
+    EXPECT_GE(CountSecrets(), 1) << "the other tests could not fail";
+    ForgetSecrets();
+}
+
+class EditSecretEnds : public testing::TestWithParam<std::u16string_view> {};
+INSTANTIATE_TEST_SUITE_P(Themes, EditSecretEnds, testing::Values(kDark, kSystem), ThemeName);
+
+TEST_P(EditSecretEnds, WithTheWindowOfAPasswordBox) {
+    ASSERT_EQ(CountSecrets(), 0);
+    EditStage stage(GetParam(), ES_PASSWORD);
+    SetSecret(stage.Window());
+    EXPECT_GE(CountSecrets(), 1);
+    stage.dialog.Close();
+    EXPECT_EQ(CountSecrets(), 0);
+}
+
+TEST_P(EditSecretEnds, WithTheWindowThatGoesWithItsWrapper) {
+    EditStage stage(GetParam());
+    {
+        tvEdit edit;
+        edit.SubclassWindow(CreateWindowExW(0, L"EDIT", L"",
+                                            WS_CHILD | WS_VISIBLE | ES_PASSWORD | ES_AUTOHSCROLL, 0, 60, 80,
+                                            20, stage.dialog.Handle(), nullptr, nullptr, nullptr));
+        SetSecret(edit.Handle());
+    }
+    EXPECT_EQ(CountSecrets(), 0);
+}
+
+TEST_P(EditSecretEnds, AlsoIfThePasswordIsShownByThen) {
+    EditStage stage(GetParam(), ES_PASSWORD);
+    SetSecret(stage.Window());
+    stage.input.Send(EM_SETPASSWORDCHAR, 0);
+    EXPECT_EQ(StyleOf(stage.Window()) & ES_PASSWORD, 0U);
+    Settle(stage.dialog.Handle());
+    stage.dialog.Close();
+    EXPECT_EQ(CountSecrets(), 0);
+}
+
+TEST_P(EditSecretEnds, AlsoIfTheBoxBecameOneForPasswordsLater) {
+    EditStage stage(GetParam());
+    stage.input.Send(EM_SETPASSWORDCHAR, u'*');
+    SetSecret(stage.Window());
+    stage.input.Send(EM_SETPASSWORDCHAR, 0);
+    stage.dialog.Close();
+    EXPECT_EQ(CountSecrets(), 0);
+}
+
+TEST_P(EditSecretEnds, InABoxThatIsToldSo) {
+    for (const u32 style : {0U, u32{ES_MULTILINE}}) {
+        EditStage stage(GetParam(), style, [](tvEdit& edit) { edit.KeepSecret(); });
+        SetSecret(stage.Window());
+        stage.dialog.Close();
+        EXPECT_EQ(CountSecrets(), 0) << style;
+    }
+}
+
+TEST_P(EditSecretEnds, AlsoIfTheBoxCannotBeTypedInto) {
+    EditStage stage(GetParam(), ES_PASSWORD | ES_READONLY);
+    stage.input.Send(EM_SETLIMITTEXT, 5);
+    SetSecret(stage.Window());
+    EnableWindow(stage.Window(), FALSE);
+    stage.dialog.Close();
+    EXPECT_EQ(CountSecrets(), 0);
+}
+
+// Of the texts before, only as much as the last one covers can be asked for: the control moves its block when
+// it grows.
+TEST_P(EditSecretEnds, AlsoIfItWasFollowedByAShorterText) {
+    EditStage stage(GetParam(), ES_PASSWORD);
+    SetSecret(stage.Window());
+    SetWindowTextW(stage.Window(), L"abc");
+    stage.dialog.Close();
+    // The control itself leaves one copy of what is replaced as a whole.
+    EXPECT_LE(CountSecrets(), 1);
+    ForgetSecrets();
+}
+
+TEST(EditWipe, EmptiesTheBoxForGood) {
+    EditStage stage(kLight, ES_PASSWORD);
+    SetSecret(stage.Window());
+    stage.dialog.m_commands.clear();
+    stage.input.Wipe();
+    PumpQueue();
+    EXPECT_EQ(stage.dialog.CountCommands(kInput), 0);
+    EXPECT_EQ(GetWindowTextLengthW(stage.Window()), 0);
+    EXPECT_FALSE(stage.input.Send(EM_CANUNDO));
+    stage.input.Send(EM_UNDO);
+    EXPECT_EQ(GetWindowTextLengthW(stage.Window()), 0);
+    EXPECT_EQ(CountSecrets(), 0);
+}
+
+TEST(EditWipe, LeavesABoxThatCanBeUsed) {
+    EditStage stage(kLight, ES_PASSWORD);
+    stage.input.Send(EM_SETLIMITTEXT, 7);
+    SetSecret(stage.Window());
+    stage.input.Wipe();
+    EXPECT_EQ(stage.input.Send(EM_GETLIMITTEXT), 7);
+    Focus(stage.dialog, stage.Window());
+    TypeText(u"new");
+    EXPECT_TRUE(PumpUntil([&] { return TextOf(stage.Window()) == u"new"; }));
+    EXPECT_GT(stage.dialog.CountCommands(kInput), 0);
+}
+
+TEST(EditWipe, DoesNotShowAHiddenBox) {
+    EditStage stage(kLight, ES_PASSWORD);
+    SetSecret(stage.Window());
+    ShowWindow(stage.Window(), SW_HIDE);
+    stage.input.Wipe();
+    EXPECT_EQ(StyleOf(stage.Window()) & WS_VISIBLE, 0U);
+    EXPECT_EQ(CountSecrets(), 0);
+}
+
+TEST(EditWipe, OverwritesWhatCouldBeUndone) {
+    EditStage stage(kLight, ES_PASSWORD);
+    SetSecret(stage.Window(), 64);
+    stage.input.Send(EM_SETSEL, 0, -1);
+    stage.input.Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L""));
+    ASSERT_TRUE(stage.input.Send(EM_CANUNDO));
+    const int before = CountSecrets();
+    EXPECT_GE(before, 1);
+    stage.input.Wipe();
+    EXPECT_LT(CountSecrets(), before);
+    ForgetSecrets();
+}
+
+TEST(EditWipe, IsSilentWhenTheDialogGoes) {
+    EditStage stage(kLight, ES_PASSWORD);
+    SetSecret(stage.Window());
+    PumpQueue();
+    stage.dialog.m_commands.clear();
+    stage.dialog.Close();
+    EXPECT_EQ(stage.dialog.CountCommands(kInput), 0);
+}
+
+}  // namespace
