@@ -15,6 +15,13 @@ endif()
 if(WIN32)
   # One file each: nothing of the compiler's has to lie beside the program.
   add_link_options(-static -static-libgcc -static-libstdc++)
+  # Memory that is written is not run, and stands at another address each time; a stack that is written over ends the
+  # program.
+  add_compile_options(-fstack-protector-strong)
+  add_link_options(-fstack-protector-strong -Wl,--nxcompat -Wl,--dynamicbase)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    add_link_options(-Wl,--high-entropy-va)
+  endif()
 else()
   # Functions are found when the program starts. The dynamic linker would otherwise save the vector registers,
   # with what a text or a key has left in them, on the stack at each first call.

@@ -9,9 +9,10 @@
 
 namespace platform {
 
-// To be called first in main: no core file and no crash dump of this process, since its memory holds
-// secrets; a closed pipe is an error of the write instead of the program's end; a standard stream that was
-// closed by the caller fails, rather than being whatever file is opened next.
+// To be called before anything else: no core file and no crash dump of this process, since its memory holds
+// secrets; on Windows libraries are looked for in the system's folder alone; a closed pipe is an error of the
+// write instead of the program's end; a standard stream that was closed by the caller fails, rather than
+// being whatever file is opened next.
 void HardenProcess() noexcept;
 
 // The arguments behind the program's name as UTF-8. On Linux they are the bytes given.

@@ -108,6 +108,7 @@ PromptResult ReadQuietly(const QuietConsole& console, const std::string& prompt,
 }  // namespace
 
 void HardenProcess() noexcept {
+    ::SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     ::SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
     using SetFlags = HRESULT(WINAPI*)(DWORD);
     const HMODULE kernel = ::GetModuleHandleW(L"kernel32.dll");

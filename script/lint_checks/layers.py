@@ -1,6 +1,6 @@
 """A room includes only rooms below it, and always by the path from the root."""
 
-from lint_checks.project import LOGIC, SETTINGS, THEMES, Result
+from lint_checks.project import LOGIC, SETTINGS, SHELL_DATA, THEMES, Result
 
 TITLE = "layer order"
 MEND = ("Move what is asked for into a room that both may include, or hand it in from above. "
@@ -12,7 +12,8 @@ DATABASE = FOUNDATION + ("database/",)
 BELOW_LOGIC = DATABASE + THEMES
 BELOW_SETTINGS = BELOW_LOGIC + LOGIC
 TOOLKIT = FOUNDATION + THEMES + ("toolkit/",)  # beside database: neither knows of the other
-WINDOWS = BELOW_SETTINGS + SETTINGS + ("toolkit/", "windows/")
+BELOW_WINDOWS = BELOW_SETTINGS + SETTINGS + ("toolkit/",) + SHELL_DATA
+WINDOWS = BELOW_WINDOWS + ("windows/",)
 
 # What a file below the first path may include. The longest path counts.
 ALLOWED = {
@@ -26,6 +27,7 @@ ALLOWED = {
     **dict.fromkeys(THEMES, FOUNDATION + THEMES),
     **dict.fromkeys(LOGIC, BELOW_LOGIC + LOGIC),
     **dict.fromkeys(SETTINGS, BELOW_SETTINGS + SETTINGS),
+    **dict.fromkeys(SHELL_DATA, BELOW_WINDOWS),
 }
 
 # The two systems' own halves of platform are nobody else's business.

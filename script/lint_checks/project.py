@@ -11,8 +11,13 @@ ROOMS = ("platform", "foundation", "database", "toolkit", "windows", "shell", "c
 # What needs no window in the rooms that have windows: colour themes, the logic of search, sort and generator,
 # the settings and the recent list. Each entry is the start of a path.
 THEMES = tuple(f"toolkit/{name}." for name in ("color_theme", "theme_check", "theme_list"))
-LOGIC = tuple(f"windows/{name}." for name in ("generator", "item_view", "known_order", "search", "sort", "text_finder"))
-SETTINGS = tuple(f"shell/{name}." for name in ("app_settings", "load_store", "placement", "recent_list"))
+LOGIC = tuple(f"windows/{name}." for name in ("app_notify", "caption", "command_ids", "database_path", "generator",
+                                              "item_view", "known_order", "search", "sort", "text_finder"))
+SETTINGS = tuple(f"shell/{name}." for name in ("app_settings", "command_line", "load_store", "placement",
+                                               "recent_list"))
+# What the shell owns beside the main window, which the windows may know.
+SHELL_DATA = tuple(f"shell/{name}." for name in ("app", "app_data", "app_menus", "app_menu_state", "file_type",
+                                                 "last_window", "process_mutex", "statics", "window_placement"))
 
 # What needs no window; of the rooms above, all else is for Windows alone.
 WINDOWLESS = (*THEMES, *LOGIC, *SETTINGS)

@@ -1,0 +1,19 @@
+#include "shell/last_window.h"
+
+#include "platform/types.h"
+
+namespace {
+
+// A section of the program file that all its processes share. Handles of windows have 32 significant bits.
+__attribute__((section("inst_data"), shared)) volatile u32 hLastMainWnd = 0;
+
+}  // namespace
+
+void NoteLastMainWindow(HWND window) noexcept {
+    hLastMainWnd = HandleToULong(window);
+}
+
+HWND VisibleLastMainWindow() noexcept {
+    HWND window = static_cast<HWND>(ULongToHandle(hLastMainWnd));
+    return IsWindow(window) != FALSE && IsWindowVisible(window) != FALSE ? window : nullptr;
+}
