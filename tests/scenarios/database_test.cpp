@@ -1,0 +1,149 @@
+#include "database/database.h"
+#include "foundation/path.h"
+#include "tests/scenarios/program.h"
+
+namespace {
+
+constexpr int kSaveButton = 32778;
+constexpr int kRenameButton = 32783;
+constexpr int kEdit1 = 2014;
+
+class Database : public Scenario {
+protected:
+    // "Create New Database..." with a name.
+    void Create(std::u16string_view name) {
+        m_Program.Choose(u"N");
+        ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+        EnterTexts(name);
+        ASSERT_TRUE(m_Program.WaitForNoDialog());
+        ASSERT_TRUE(PumpUntil([this] { return m_Program.Sees(kSaveButton); }));
+    }
+
+    void SaveAs(const tvstring& path, std::u16string_view password, const char16_t* again) {
+        Type('S', HOLD_CTRL);
+        HWND file = m_Program.WaitForDialog();
+        ASSERT_NE(file, nullptr);
+        EnterTexts(path);
+        ASSERT_TRUE(PumpUntil([&] {
+            HWND next = m_Program.Dialog();
+            return next != nullptr && next != file && GetDlgItem(next, kEdit1) != nullptr &&
+                   GetForegroundWindow() == next;
+        }));
+        EnterTexts(password, again);
+        ASSERT_TRUE(m_Program.WaitForNoDialog());
+    }
+
+    static bool Opens(const tvstring& path, const tvstring& password, const tvstring& name) {
+        VMRD_DB database;
+        return database.Open(path, password) && database.m_Name == name;
+    }
+
+    Program m_Program;
+};
+
+TEST_F(Database, IsCreatedSavedAndOpenedAgain) {
+    const tvstring path = InFolder(u"a.VMR");
+    ASSERT_TRUE(m_Program.Start());
+    Create(u"My passwords");
+    EXPECT_TRUE(m_Program.Sees(kRenameButton));
+    EXPECT_EQ(PathKind(path), PATH_NONE) << "nothing is written before it is saved";
+    SaveAs(path, u"secret", u"secret");
+    EXPECT_TRUE(PumpUntil([this] { return !m_Program.Sees(kSaveButton); }));
+    Type(VK_F4, HOLD_ALT);
+    ASSERT_TRUE(m_Program.HasEnded());
+    EXPECT_TRUE(Opens(path, u"secret", u"My passwords"));
+}
+
+TEST_F(Database, IsNotSavedWithPasswordsThatDiffer) {
+    const tvstring path = InFolder(u"a.VMR");
+    ASSERT_TRUE(m_Program.Start());
+    Create(u"name");
+    SaveAs(path, u"secret", u"Secret");
+    EXPECT_TRUE(m_Program.Sees(kSaveButton));
+    EXPECT_EQ(PathKind(path), PATH_NONE);
+
+    // The path is kept: the next time only the password is asked for.
+    Type('S', HOLD_CTRL);
+    HWND dialog = m_Program.WaitForDialog();
+    ASSERT_NE(GetDlgItem(dialog, kEdit1), nullptr);
+    EnterTexts(u"secret", u"secret");
+    EXPECT_TRUE(PumpUntil([this] { return !m_Program.Sees(kSaveButton); }));
+    EXPECT_EQ(PathKind(path), PATH_FILE);
+}
+
+TEST_F(Database, IsNotCreatedWhenTheUserCancels) {
+    ASSERT_TRUE(m_Program.Start());
+    m_Program.Choose(u"N");
+    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+    TypeText(u"name");
+    Type(VK_ESCAPE);
+    ASSERT_TRUE(m_Program.WaitForNoDialog());
+    EXPECT_FALSE(m_Program.Sees(kRenameButton));
+}
+
+TEST_F(Database, IsOpenedFromTheCommandLine) {
+    const tvstring path = InFolder(u"my file.VMR");
+    MakeDatabase(path, u"Mine", u"secret");
+    ASSERT_TRUE(m_Program.Start(tvstring(u"\"").append(path).append(u"\"")));
+    HWND dialog = m_Program.WaitForDialog();
+    ASSERT_NE(GetDlgItem(dialog, kEdit1), nullptr);
+    EnterTexts(u"secret");
+    ASSERT_TRUE(m_Program.WaitForNoDialog());
+    EXPECT_TRUE(PumpUntil([this] { return m_Program.Sees(kRenameButton); }));
+    EXPECT_FALSE(m_Program.Sees(kSaveButton));
+}
+
+TEST_F(Database, StaysClosedWithAWrongPassword) {
+    const tvstring path = InFolder(u"a.VMR");
+    MakeDatabase(path, u"Mine", u"secret");
+    ASSERT_TRUE(m_Program.Start(path));
+    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+    EnterTexts(u"wrong");
+    ASSERT_TRUE(m_Program.WaitForNoDialog());
+    EXPECT_FALSE(m_Program.Sees(kRenameButton));
+}
+
+TEST_F(Database, MissingOnTheCommandLineIsPassedOver) {
+    ASSERT_TRUE(m_Program.Start(InFolder(u"missing.VMR")));
+    EXPECT_EQ(m_Program.Dialog(), nullptr);
+    EXPECT_FALSE(m_Program.Sees(kRenameButton));
+}
+
+TEST_F(Database, WithUnsavedChangesIsGivenUpOnlyOnYes) {
+    ASSERT_TRUE(m_Program.Start());
+    Create(u"name");
+    Type(VK_F4, HOLD_ALT);
+    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+    Type(VK_RETURN);  // No is the default
+    ASSERT_TRUE(m_Program.WaitForNoDialog());
+    EXPECT_TRUE(m_Program.Sees(kSaveButton));
+    m_Program.Choose(u"C");
+    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+    Type('N');
+    ASSERT_TRUE(m_Program.WaitForNoDialog());
+    EXPECT_TRUE(m_Program.Sees(kSaveButton));
+    Type(VK_F4, HOLD_ALT);
+    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+    Type('Y');
+    EXPECT_TRUE(m_Program.HasEnded());
+}
+
+TEST_F(Database, GetsItsOldNameBackByUndo) {
+    const tvstring path = InFolder(u"a.VMR");
+    MakeDatabase(path, u"old", u"secret");
+    ASSERT_TRUE(m_Program.Start(path));
+    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+    EnterTexts(u"secret");
+    ASSERT_TRUE(m_Program.WaitForNoDialog());
+    m_Program.Choose(u"M");
+    HWND dialog = m_Program.WaitForDialog();
+    EXPECT_EQ(TextOf(GetDlgItem(dialog, kEdit1)), u"old");
+    Type('A', HOLD_CTRL);
+    EnterTexts(u"new");
+    ASSERT_TRUE(m_Program.WaitForNoDialog());
+    ASSERT_TRUE(PumpUntil([this] { return m_Program.Sees(kSaveButton); }));
+    Type('Z', HOLD_CTRL);
+    EXPECT_TRUE(PumpUntil([this] { return !m_Program.Sees(kSaveButton); }));
+}
+
+}  // namespace

@@ -1,0 +1,191 @@
+#include "tests/scenarios/program.h"
+
+#include "foundation/path.h"
+
+namespace {
+
+struct Search {
+    DWORD process;
+    bool dialogs;
+    const wchar_t* className;
+    HWND found;
+};
+
+bool IsMainWindow(HWND window) {
+    return GetWindow(window, GW_OWNER) == nullptr && GetDlgItem(window, 2001) != nullptr;
+}
+
+bool IsDialog(HWND window) {
+    const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
+    return GetWindow(window, GW_OWNER) != nullptr && (style & WS_CAPTION) == WS_CAPTION;
+}
+
+BOOL CALLBACK Look(HWND window, LPARAM lParam) {
+    auto* search = reinterpret_cast<Search*>(lParam);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    if (process != search->process || IsWindowVisible(window) == FALSE) return TRUE;
+    if (search->className != nullptr) {
+        wchar_t name[64] = {};
+        GetClassNameW(window, name, static_cast<int>(std::size(name)));
+        if (lstrcmpW(name, search->className) != 0) return TRUE;
+    } else if (search->dialogs ? !IsDialog(window) : !IsMainWindow(window)) {
+        return TRUE;
+    }
+    search->found = window;
+    return FALSE;
+}
+
+HWND Find(DWORD process, bool dialogs, const wchar_t* className = nullptr) {
+    Search search{process, dialogs, className, nullptr};
+    EnumWindows(Look, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+// True if the window is in front, has the keyboard and waits for what comes.
+bool IsReady(HWND window) {
+    constexpr UINT kLimit = 1000;
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    if (GetForegroundWindow() != window) return false;
+    GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
+    const bool hasKeyboard = info.hwndFocus == window || IsChild(window, info.hwndFocus) != FALSE;
+    DWORD_PTR answer = 0;
+    return hasKeyboard && SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, kLimit, &answer) != 0;
+}
+
+HMENU OpenMenu(DWORD process) {
+    HWND popup = Find(process, false, L"#32768");
+    return popup == nullptr ? nullptr : reinterpret_cast<HMENU>(SendMessageW(popup, MN_GETHMENU, 0, 0));
+}
+
+PROCESS_INFORMATION Launch(const tvstring& program, const tvstring& arguments) {
+    tvstring command = u"\"";
+    command.append(ProgramPath(program.c_str())).append(u"\" ").append(arguments);
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process{};
+    EXPECT_NE(CreateProcessW(nullptr, Wide(command.data()), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                             &start, &process),
+              FALSE)
+        << "the program does not start";
+    CloseHandle(process.hThread);
+    return process;
+}
+
+}  // namespace
+
+tvstring TextOf(HWND window) {
+    wchar_t text[1024] = {};
+    SendMessageW(window, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text));
+    return tvstring(Units(text));
+}
+
+u64 LookOf(HWND window) {
+    const Picture picture(window);
+    u64 sum = 1469598103934665603ULL;
+    for (int y = 0; y < picture.Height(); ++y)
+        for (int x = 0; x < picture.Width(); ++x)
+            sum = (sum ^ picture.At(x, y)) * 1099511628211ULL;
+    return sum;
+}
+
+Program::~Program() {
+    if (m_Process == nullptr) return;
+    TerminateProcess(m_Process, 1);
+    WaitForSingleObject(m_Process, INFINITE);
+    CloseHandle(m_Process);
+}
+
+bool Program::Start(const tvstring& arguments) {
+    constexpr int kStartLimit = 20000;
+    const PROCESS_INFORMATION process = Launch(u"vaultmere.exe", arguments);
+    m_Process = process.hProcess;
+    m_Id = process.dwProcessId;
+    const bool isThere = PumpUntil([this] { return (m_Main = Find(m_Id, false)) != nullptr; }, kStartLimit);
+    EXPECT_TRUE(isThere) << "no main window comes";
+    if (isThere && Dialog() == nullptr) Activate();
+    return isThere;
+}
+
+DWORD Program::Run(const tvstring& program, const tvstring& arguments) {
+    const PROCESS_INFORMATION process = Launch(program, arguments);
+    WaitForSingleObject(process.hProcess, INFINITE);
+    DWORD code = 0;
+    GetExitCodeProcess(process.hProcess, &code);
+    CloseHandle(process.hProcess);
+    return code;
+}
+
+void Program::Activate() const {
+    SetForegroundWindow(m_Main);
+    EXPECT_TRUE(PumpUntil([this] { return IsReady(m_Main); })) << "it does not come to the front";
+}
+
+HWND Program::Control(int id) const {
+    return tvWnd::FindDescendant(m_Main, id);
+}
+
+bool Program::Sees(int id) const {
+    HWND control = Control(id);
+    return control != nullptr && IsWindowVisible(control) != FALSE;
+}
+
+HWND Program::Dialog() const {
+    return Find(m_Id, true);
+}
+
+HWND Program::WaitForDialog(int limit) const {
+    HWND dialog = nullptr;
+    const auto isThere = [&] {
+        dialog = Dialog();
+        return dialog != nullptr && IsReady(dialog);
+    };
+    EXPECT_TRUE(PumpUntil(isThere, limit)) << "no dialog comes";
+    return dialog;
+}
+
+bool Program::WaitForNoDialog() const {
+    return PumpUntil([this] { return Dialog() == nullptr && IsReady(m_Main); });
+}
+
+HMENU Program::WaitForMenu() const {
+    EXPECT_TRUE(PumpUntil([this] { return OpenMenu(m_Id) != nullptr; })) << "no menu opens";
+    return OpenMenu(m_Id);
+}
+
+bool Program::WaitForNoMenu() const {
+    return PumpUntil([this] { return OpenMenu(m_Id) == nullptr; });
+}
+
+// The application key asks the bar for its menu, or the list for its own; the button answers to a blank.
+void Program::OpenMenuByKeyboard() const {
+    SetForegroundWindow(m_Main);
+    for (int i = 0; i < 8 && OpenMenu(m_Id) == nullptr; ++i) {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        GetGUIThreadInfo(GetWindowThreadProcessId(m_Main, nullptr), &info);
+        if (info.hwndFocus == Control(2006)) {
+            Type(VK_SPACE);
+            break;
+        }
+        HWND before = info.hwndFocus;
+        Type(VK_TAB);
+        PumpUntil([&] {
+            GetGUIThreadInfo(GetWindowThreadProcessId(m_Main, nullptr), &info);
+            return info.hwndFocus != before;
+        });
+    }
+    EXPECT_NE(WaitForMenu(), nullptr);
+}
+
+void Program::Choose(std::u16string_view letters) const {
+    OpenMenuByKeyboard();
+    for (const char16_t letter : letters)
+        Type(static_cast<WORD>(letter));
+    EXPECT_TRUE(WaitForNoMenu()) << "the menu stays";
+}
+
+bool Program::HasEnded(int limit) {
+    return PumpUntil([this] { return WaitForSingleObject(m_Process, 0) == WAIT_OBJECT_0; }, limit);
+}
