@@ -5,6 +5,7 @@
 namespace {
 
 // A section of the program file that all its processes share. Handles of windows have 32 significant bits.
+// NOLINTNEXTLINE(clang-diagnostic-ignored-attributes): the lint's compiler does not know "shared"
 __attribute__((section("inst_data"), shared)) volatile u32 hLastMainWnd = 0;
 
 }  // namespace

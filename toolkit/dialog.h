@@ -39,7 +39,7 @@ public:
     DialogControl* AddControl(u16 atom, u16 id, int x, int y, int cx, int cy) {
         return m_builder.AddControl(atom, id, x, y, cx, cy);
     }
-    DialogControl* Item(int index) { return m_builder.Item(index); }
+    DialogControl* Item(int index) const { return m_builder.Item(index); }
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool IsDialogMsg(MSG* msg) override;

@@ -169,12 +169,12 @@ bool CVMRInputDlg::TakeTexts() {
 }
 
 // The path that stands in the box does not go to the dialog.
-void CVMRInputDlg::Browse() {
+void CVMRInputDlg::Browse() const {
     tvFileDialog& dialog = GetFileDialog(FileDialogUse::ChooseProgram);
     if (dialog.Show()) SetText(m_edit1, dialog.GetPath());
 }
 
-void CVMRInputDlg::RunExtraCommand() {
+void CVMRInputDlg::RunExtraCommand() const {
     if (m_ExtraCommand == CMD_BROWSE) {
         Browse();
     } else if (m_ExtraCommand != 0) {

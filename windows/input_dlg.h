@@ -51,8 +51,8 @@ public:
 private:
     bool OnCommand(WPARAM wParam);
     bool TakeTexts();
-    void RunExtraCommand();
-    void Browse();
+    void RunExtraCommand() const;
+    void Browse() const;
     void SetTexts();
     void SetUpExtraButton() const;
     void PutCaretAtEnd() const;

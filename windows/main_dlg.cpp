@@ -137,7 +137,7 @@ void CVMRDlg::OnLayout() {
     MoveTo(m_rightDlg, {splitter.right, rest.top, rest.right, rest.bottom});
 }
 
-void CVMRDlg::UpdatePanes() {
+void CVMRDlg::UpdatePanes() const {
     const bool isOpen = TheDatabase().m_Opened;
     ShowPane(m_startDlg, !isOpen);
     ShowPane(m_leftDlg, isOpen);

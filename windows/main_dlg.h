@@ -34,7 +34,7 @@ public:
 
     // The name that the user enters, for a new database or in place of the current one; the new master
     // password, entered twice. Empty if the user cancels.
-    tvstring PromptDatabaseName(const tvstring* current);
+    static tvstring PromptDatabaseName(const tvstring* current);
     tvstring PromptNewPassword();
 
     // Opens a database after asking for its master password. Quietly: nothing is said about a file that
@@ -59,7 +59,7 @@ private:
     void SetUpSplitter();
     void RestorePlacement();
     void OpenFromCommandLine();
-    void UpdatePanes();
+    void UpdatePanes() const;
     void OnSplit();
     void OnSharedSetting(WPARAM setting);
     void OnClick();
@@ -107,11 +107,11 @@ private:
 
     // --- Their parts ---
 
-    tvstring PromptOpenPassword(const tvstring& path);
+    static tvstring PromptOpenPassword(const tvstring& path);
     void DetachList();
     void AttachList();
     void AfterOpened(const tvstring& path, bool isOld);
-    void AddToRecent();
+    static void AddToRecent();
     void RefreshStatus();
     void Tell(StatusNotification kind, const tvstring& text);
     static tvstring AskForSavePath();

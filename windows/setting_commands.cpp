@@ -8,6 +8,7 @@
 #include "toolkit/theme.h"
 #include "windows/main_dlg.h"
 
+// NOLINTBEGIN(readability-convert-member-functions-to-static): all commands are members, for the one table
 void CVMRDlg::ChooseFont(u16) {
     LOGFONTW font{};
     GetObjectW(TheTheme().Font(), sizeof font, &font);
@@ -78,3 +79,4 @@ void CVMRDlg::ChooseLanguage(u16 id) {
     const auto& languages = Language().Languages();
     if (index < languages.size()) TheAppData().LoadStoreLang(LoadStore::Store, languages[index].m_File);
 }
+// NOLINTEND(readability-convert-member-functions-to-static)

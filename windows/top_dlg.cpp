@@ -144,7 +144,7 @@ bool CVMRTopDlg::PaintAnimated() {
 // --- Messages ---
 
 // The tip of the bar is the path of the database's file.
-bool CVMRTopDlg::GiveTip(LPARAM lParam) const {
+bool CVMRTopDlg::GiveTip(LPARAM lParam) {
     static tvstring path;  // has to stay where it is while the tip is shown
     auto* info = reinterpret_cast<NMTTDISPINFOW*>(lParam);
     const bool isAsked = info->hdr.code == TTN_GETDISPINFOW && info->hdr.hwndFrom == TheToolTip().Handle();
@@ -154,7 +154,7 @@ bool CVMRTopDlg::GiveTip(LPARAM lParam) const {
     return true;
 }
 
-void CVMRTopDlg::OpenMenu(int x, int y, UINT flags) const {
+void CVMRTopDlg::OpenMenu(int x, int y, UINT flags) {
     CVMRAppData& data = TheAppData();
     if (data.UpdateMainMenu()) data.mainMenu.TrackPopup(x, y, tvApp::MainWindow(), flags);
 }

@@ -39,8 +39,8 @@ public:
 
 private:
     bool PaintAnimated();
-    [[nodiscard]] bool GiveTip(LPARAM lParam) const;
-    void OpenMenu(int x, int y, UINT flags) const;
+    [[nodiscard]] static bool GiveTip(LPARAM lParam);
+    static void OpenMenu(int x, int y, UINT flags);
     void OpenMenuBelow() const;
     void OnContextMenu(LPARAM lParam) const;
     void FitToFont() const;
