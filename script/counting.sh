@@ -37,9 +37,14 @@ without_successes() {
         END { printf "%s", held }'
 }
 
-# gtest_counts FILE STATUS: the counts of a GoogleTest run. A run that breaks off, or runs nothing, has failed.
+# gtest_counts FILE STATUS: the counts of a GoogleTest run. A run that breaks off, or runs nothing, has failed; the
+# test in which it broke off is told.
 gtest_counts() {
     local good bad
+    tr -d '\r' <"$1" | awk '
+        /^\[ RUN      \]/ { running = $0; sub(/^[^]]*\] /, "", running) }
+        /^\[       OK \]|^\[  FAILED  \]/ { running = "" }
+        END { if (running != "") print "broke off in " running }'
     good=$(tr -d '\r' <"$1" | grep -acE '^\[       OK \] ') || true
     bad=$(tr -d '\r' <"$1" | grep -acE '^\[  FAILED  \] .*\([0-9]+ ms\)$') || true
     if [ "$bad" -eq 0 ] && { [ "$2" -ne 0 ] || [ "$good" -eq 0 ]; }; then bad=1; fi

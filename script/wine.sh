@@ -10,7 +10,7 @@ export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe="
 # the mouse as they are dragged. (In a virtual desktop of Wine's a move of the mouse may end where the last one did.)
 make_prefix() {
     if [ ! -f "$WINEPREFIX/system.reg" ]; then
-        timeout 300 xvfb-run -a sh -c 'wineboot -i && wineserver -w' || return 1
+        on_display timeout 300 sh -c 'wineboot -i && wineserver -w' || return 1
     fi
     cp /usr/share/wine/fonts/{marlett,tahoma,tahomabd}.ttf "$WINEPREFIX/drive_c/windows/Fonts/" || return 1
     wineserver -p || return 1  # stays until it is ended, so that each program starts quickly
@@ -18,9 +18,24 @@ make_prefix() {
         wine reg add 'HKCU\Control Panel\Desktop' /v DragFullWindows /d 1 /f
 }
 
-# on_display COMMAND...: runs it on a virtual display.
-on_display() { xvfb-run -a -s "-screen 0 1280x900x24" "$@"; }
+# start_display: a virtual display for all that follows. Whatever draws has to find it from the start: Wine's desktop
+# stays while programs come and go, and one that was made without a display has none for those after it either.
+start_display() {
+    local number descriptor
+    exec {descriptor}< <(exec Xvfb -displayfd 1 -screen 0 1280x900x24 -nolisten tcp 2>/dev/null 9>&-)
+    display_process=$!
+    read -r -t 30 -u "$descriptor" number || return 1
+    exec {descriptor}<&-
+    export DISPLAY=:$number
+}
+
+# on_display COMMAND...: runs it on the virtual display that was started, or on one of its own.
+on_display() {
+    if [ -n "${display_process:-}" ]; then "$@"; else xvfb-run -a -s "-screen 0 1280x900x24" "$@"; fi
+}
 
 end_wine() {
     if [ -d "$WINEPREFIX" ] && command -v wineserver >/dev/null; then wineserver -k || true; fi
+    if [ -n "${display_process:-}" ]; then kill "$display_process" 2>/dev/null || true; fi
+    display_process=
 }

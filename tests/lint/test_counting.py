@@ -45,6 +45,10 @@ class GoogleTest(CountingTest):
     def test_counts_a_run_that_breaks_off_as_failed(self):
         self.assertEqual(self.counts("gtest_counts", GTEST, 139), "1 passed, 1 failed")
 
+    def test_tells_the_test_in_which_a_run_broke_off(self):
+        (self.folder / "out").write_text(GTEST)
+        self.assertIn("broke off in A.Two", self.bash(f"gtest_counts {self.folder}/out 139"))
+
     def test_counts_a_run_without_tests_as_failed(self):
         self.assertEqual(self.counts("gtest_counts", "[  PASSED  ] 0 tests.\n", 0), "0 passed, 1 failed")
 
@@ -68,6 +72,10 @@ class PythonTests(CountingTest):
 
     def test_counts_a_run_that_breaks_off_as_failed(self):
         self.assertEqual(self.counts("unittest_counts", "Traceback\n", 1), "0 passed, 1 failed")
+
+    def test_tells_the_test_in_which_a_run_broke_off(self):
+        (self.folder / "out").write_text(GTEST)
+        self.assertIn("broke off in A.Two", self.bash(f"gtest_counts {self.folder}/out 139"))
 
     def test_counts_a_run_without_tests_as_failed(self):
         self.assertEqual(self.counts("unittest_counts", "Ran 0 tests in 0.0s\n\nOK\n", 0), "0 passed, 1 failed")
