@@ -89,6 +89,7 @@ GalleryDialog::GalleryDialog()
     AddNotes();
     AddMessages();
     Inputs::AddTo(*this);
+    Lists::AddTo(*this);
     AddBottom();
 }
 
@@ -129,6 +130,7 @@ void GalleryDialog::OnSubclassControls() {
     WrapButtons();
     m_states.Wrap(m_hWnd, m_picture.Get());
     m_inputs.Wrap(m_hWnd);
+    m_lists.Wrap(m_hWnd);
     m_noteIcon.SubclassDlgItem(m_hWnd, ID_NOTE);
     m_noteIcon.Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(m_picture.Get()));
     m_noteHot.SubclassDlgItem(m_hWnd, ID_NOTE_HOT);
@@ -197,7 +199,8 @@ PixelSize GalleryDialog::ToPixels(int x, int y) const {
 void GalleryDialog::OnAutoSize() {
     const int width = kMargin + m_states.Width() + kGap + kSheetWidth + kMargin;
     const int height = kMargin + kButtonHeight + kGap + m_states.Height() + kGap + kNoteHeight + kGap +
-                       kButtonHeight + kGap + Inputs::Height() + kGap + kPanesHeight + kGap + kStatusHeight;
+                       kButtonHeight + kGap + Inputs::Height() + kGap + Lists::Height() + kGap +
+                       kPanesHeight + kGap + kStatusHeight;
     const PixelSize size = ToPixels(width, height);
     RECT rect{0, 0, size.x, size.y};
     AdjustWindowRectEx(&rect, static_cast<DWORD>(GetWindowLongPtrW(m_hWnd, GWL_STYLE)), FALSE,
@@ -239,6 +242,8 @@ void GalleryDialog::OnLayout() {
     PlaceRow(ID_MESSAGE, kMessageCount, y, kTopButton - 3);
     y += kButtonHeight + kGap;
     m_inputs.Place(m_hWnd, m_font, kMargin, y);
+    y += Inputs::Height() + kGap;
+    m_lists.Place(m_hWnd, m_font, kMargin, y);
     PlacePanes();
     PlaceStatusBar();
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/gallery/inputs.h"
+#include "tests/gallery/lists.h"
 #include "tests/gallery/sheet.h"
 #include "tests/gallery/state_table.h"
 #include "toolkit/base_dialog.h"
@@ -57,6 +58,7 @@ private:
 
     StateTable m_states;
     Inputs m_inputs;
+    Lists m_lists;
     std::vector<std::unique_ptr<tvButton>> m_buttons;  // of the rows, in their order
     tvButton_Note m_noteIcon;
     Posed<tvButton_Note> m_noteHot;
