@@ -5,6 +5,12 @@
 export WINEPREFIX=$root/build/wine WINEDEBUG=-all
 export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe="
 
+# What runs a Windows program. The kernel moves the heap of Wine's loader about by chance, and once in some thousand
+# times onto the page that Windows has at a fixed address; the program then does not start. So nothing is moved about,
+# where that can be had.
+wine=(wine)
+if setarch -R true 2>/dev/null; then wine=(setarch -R wine); fi
+
 # Tahoma is the font of menus and dialogs, Marlett has the signs on the buttons of captions. Wine looks for them in
 # the prefix alone. Windows have captions of Wine's own, since nobody manages windows on a virtual display, and follow
 # the mouse as they are dragged. (In a virtual desktop of Wine's a move of the mouse may end where the last one did.)
@@ -14,8 +20,8 @@ make_prefix() {
     fi
     cp /usr/share/wine/fonts/{marlett,tahoma,tahomabd}.ttf "$WINEPREFIX/drive_c/windows/Fonts/" || return 1
     wineserver -p || return 1  # stays until it is ended, so that each program starts quickly
-    wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f &&
-        wine reg add 'HKCU\Control Panel\Desktop' /v DragFullWindows /d 1 /f
+    "${wine[@]}" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f &&
+        "${wine[@]}" reg add 'HKCU\Control Panel\Desktop' /v DragFullWindows /d 1 /f
 }
 
 # start_display: a virtual display for all that follows. Whatever draws has to find it from the start: Wine's desktop

@@ -1,0 +1,124 @@
+#include "tests/app/app_stage.h"
+
+#include "foundation/path.h"
+#include "platform/registry.h"
+#include "shell/app.h"
+#include "toolkit/control_state.h"
+#include "toolkit/theme.h"
+
+namespace {
+
+constexpr const char16_t* kProductTree = u"Software\\Tolvane";
+constexpr int kFirstEdit = 2014;
+constexpr int kSecondEdit = 2015;
+
+struct FoundControl {
+    int id;
+    HWND window;
+};
+
+BOOL CALLBACK LookForControl(HWND window, LPARAM argument) {
+    auto* found = reinterpret_cast<FoundControl*>(argument);
+    if (GetDlgCtrlID(window) != found->id) return TRUE;
+    found->window = window;
+    return FALSE;
+}
+
+// The settings in memory, as after a first start.
+void ResetSettings() {
+    CVMRAppData& data = TheAppData();
+    data.ClearRecent();
+    data.bHistory = 1;
+    data.bAutoOpen = 0;
+    data.bAutoClearClipboard = 0;
+    data.filterFlag = 0;
+    TheDatabase().bAutoSave = false;
+    TheDatabase().bFilterPWD = false;
+}
+
+}  // namespace
+
+AppTest::AppTest() {
+    platform::DeleteUserTree(kProductTree);
+    ResetSettings();
+    UseTheme(u"Light");
+    wchar_t folder[MAX_PATH] = {};
+    GetTempPathW(MAX_PATH, folder);
+    m_Folder = Units(folder);
+    m_Folder.append(u"app-tests-").append(Units(std::to_wstring(GetCurrentProcessId()).c_str()));
+    m_Folder.append(u"-").append(Units(std::to_wstring(GetTickCount64()).c_str()));
+    EXPECT_TRUE(CreateDirectories(m_Folder));
+    MoveMouseAway();
+}
+
+AppTest::~AppTest() {
+    Close();
+    TheDatabase().Reset();
+    TheDatabase().m_File.Close();
+    platform::DeleteUserTree(kProductTree);
+}
+
+void AppTest::Open() {
+    m_Main = std::make_unique<CVMRDlg>();
+    TheApp().m_mainWnd = m_Main.get();
+    m_Main->BuildTemplate();
+    ASSERT_TRUE(m_Main->Create(nullptr));
+    Settle(Window());
+}
+
+void AppTest::Close() {
+    m_Main.reset();
+    TheApp().m_mainWnd = nullptr;
+    PumpQueue();
+}
+
+void AppTest::Command(u16 id) const {
+    SendMessageW(Window(), WM_COMMAND, id, 0);
+    PumpQueue();
+}
+
+HWND AppTest::Control(int id) const {
+    FoundControl found{id, nullptr};
+    EnumChildWindows(Window(), LookForControl, reinterpret_cast<LPARAM>(&found));
+    return found.window;
+}
+
+tvstring AppTest::InFolder(const char16_t* name) const {
+    return JoinPath(m_Folder, name);
+}
+
+tvstring AppTest::MakeFile(const char16_t* name, const tvstring& password) const {
+    VMRD_DB& database = TheDatabase();
+    tvstring path = InFolder(name);
+    EXPECT_TRUE(database.New(name));
+    database.SetPath(path);
+    database.SetMasterPassword(password);
+    EXPECT_TRUE(database.Save());
+    database.Reset();
+    database.m_File.Close();
+    return path;
+}
+
+std::function<bool()> AnswerWith(tvstring first, tvstring second) {
+    return [first = std::move(first), second = std::move(second)] {
+        HWND dialog = FrontDialog();
+        if (dialog == nullptr || GetDlgItem(dialog, kFirstEdit) == nullptr) return false;
+        SetDlgItemTextW(dialog, kFirstEdit, Wide(first.c_str()));
+        if (!second.empty()) SetDlgItemTextW(dialog, kSecondEdit, Wide(second.c_str()));
+        PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+        return true;
+    };
+}
+
+std::function<bool()> PressButton(int id) {
+    return [id] {
+        HWND dialog = FrontDialog();
+        if (dialog == nullptr || GetDlgItem(dialog, id) == nullptr) return false;
+        PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(id), 0);
+        return true;
+    };
+}
+
+tvstring TextOf(HWND window) {
+    return TextOfWindow(window);
+}
