@@ -5,15 +5,11 @@
 #include "cli/session.h"
 #include "cli/text_argument.h"
 #include "database/container.h"
+#include "database/export.h"
 #include "foundation/path.h"
 #include "foundation/textops.h"
 
 namespace {
-
-bool IsHtmlPath(const tvstring& path) {
-    const tvstring extension = ExtensionOf(path);
-    return EqualNoCase(extension, u".htm") || EqualNoCase(extension, u".html");
-}
 
 // True if both arguments lead to one file, by whatever names.
 bool IsSameFile(const std::string& a, const std::string& b) {

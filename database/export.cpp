@@ -7,6 +7,7 @@
 #include "foundation/conversion.h"
 #include "foundation/language.h"
 #include "foundation/path.h"
+#include "foundation/textops.h"
 #include "platform/file.h"
 
 namespace {
@@ -154,4 +155,9 @@ bool VMRD_DB::Export(const tvstring& path, bool html) const {
     const tvhandle file = OpenFileHandle(path, true);
     if (!file) return false;
     return (html || WriteAll(file, "\xEF\xBB\xBF")) && WriteAll(file, text);
+}
+
+bool IsHtmlPath(const tvstring& path) {
+    const tvstring extension = ExtensionOf(path);
+    return EqualNoCase(extension, u".htm") || EqualNoCase(extension, u".html");
 }

@@ -36,9 +36,8 @@ bool IsPasteOffered(bool entries) {
 
 // What adds an item does so at once; what adds an entry asks for its text first.
 tvstring AddText(bool entries) {
-    constexpr std::u16string_view kAsks = u"...";
     tvstring text = LangText(u"global", u"add");
-    if (!entries && text.ends_with(kAsks)) text.erase(text.size() - kAsks.size());
+    if (!entries) CleanCaption(text, true, CUT_UNLESS_ONE);
     return text;
 }
 

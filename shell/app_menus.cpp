@@ -117,6 +117,7 @@ void AddThemes(tvMenu& menu) {
     if (popup == nullptr) return;
     UINT id = CMD_FIRST_THEME;
     for (const tvColorTheme& theme : TheTheme().m_themes) {
+        if (id == CMD_FIRST_LANGUAGE) break;  // the ids from there on are taken
         const tvstring text = LangText(u"theme", theme.m_name);
         popup->AddItem(id++, text.empty() ? theme.m_name.c_str() : text.c_str());
     }

@@ -63,6 +63,13 @@ private:
     tvstring m_No;
 };
 
+int AskForFileType() {
+    constexpr u32 kStyle = 0x283;  // Yes, No and Cancel, the program's icon, Cancel for Enter
+    const ButtonTexts texts(LangText(u"shelltype", u"enable"), LangText(u"shelltype", u"disable"));
+    return tvMessageBox::Show(tvApp::MainWindow(), LangText(u"shelltype", u"info"), kStyle,
+                              LangText(u"shelltype", u"title"));
+}
+
 }  // namespace
 
 bool RegisterFileType(FileType what) {
@@ -76,10 +83,7 @@ bool RegisterFileType(FileType what) {
 }
 
 bool PromptFileType() {
-    constexpr u32 kStyle = 0x283;  // Yes, No and Cancel, the program's icon, Cancel for Enter
-    const ButtonTexts texts(LangText(u"shelltype", u"enable"), LangText(u"shelltype", u"disable"));
-    const int answer = tvMessageBox::Show(tvApp::MainWindow(), LangText(u"shelltype", u"info"), kStyle,
-                                          LangText(u"shelltype", u"title"));
+    const int answer = AskForFileType();
     if (answer == IDYES) return RegisterFileType(FileType::Add);
     if (answer == IDNO) return RegisterFileType(FileType::Remove);
     return false;

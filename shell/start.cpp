@@ -58,7 +58,7 @@ bool InitializeApplication() {
     data.m_Notice = TellOtherProcesses;
     data.m_OnLanguage = TellLanguage;
     LoadIcons();
-    TheTheme().LoadThemes(JoinPath(ProgramPath(u"Theme"), u"*.ini"), true);
+    TheTheme().LoadThemes(JoinPath(ProgramPath(u"Theme"), u"*.ini"), false);
     data.LoadStoreTheme(LoadStore::Load);
     if (!data.LoadStoreLang(LoadStore::Load)) {
         TellNoLanguage();

@@ -71,8 +71,9 @@ void tvComboBox::DrawItemExtra(HDC, RECT&, State) {}
 
 // On the arrow it is active.
 tvComboBox::State tvComboBox::MouseState() const {
-    if (!IsMouseInside(m_hWnd)) return STATE_IDLE;
-    const RECT arrow = ArrowRect(m_hWnd, InfoOf(m_hWnd), ClientOf(m_hWnd));
+    const RECT client = ClientOf(m_hWnd);
+    if (PtInRect(&client, MouseIn(m_hWnd)) == FALSE) return STATE_IDLE;
+    const RECT arrow = ArrowRect(m_hWnd, InfoOf(m_hWnd), client);
     return PtInRect(&arrow, MouseIn(m_hWnd)) != FALSE ? STATE_ACTIVE : STATE_HOT;
 }
 
@@ -131,8 +132,8 @@ void tvComboBox::OnDraw(HDC dc, const RECT& rect, void* /*paint*/) {
     RECT text = look.text;
     DrawItemExtra(dc, text, look.state);
     if (look.hasEdit) return;
-    DrawSelection(dc, text, look);
     DrawFocus(dc, look);
+    DrawSelection(dc, text, look);
 }
 
 // --- Ground and frame ---

@@ -61,6 +61,9 @@ void tvEdit::OverwriteText(int length) const {
 // is as long as any that was there, and covers what else the text's own block holds.
 void tvEdit::OverwriteUndo(int length) const {
     constexpr int kStep = 16;  // by which blocks grow, with a terminating zero
+    constexpr int kFineTo =
+        1024;  // longer texts are no passwords: they take larger steps, or it would take long
+    constexpr int kShare = 8;
     const auto pass = [this](int size) {
         const tvstring filler(static_cast<std::size_t>(size), kFiller);
         Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(filler.c_str()));
@@ -68,7 +71,7 @@ void tvEdit::OverwriteUndo(int length) const {
         Send(EM_SETSEL, 0, -1);
         Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L""));
     };
-    for (int size = kStep - 1; size < length; size += kStep)
+    for (int size = kStep - 1; size < length; size += std::max(kStep, size < kFineTo ? 0 : size / kShare))
         pass(size);
     pass(length);
     Send(EM_EMPTYUNDOBUFFER);

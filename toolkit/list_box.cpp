@@ -80,6 +80,7 @@ int tvMListBox::AddItem(const tvstring& text, u32 icon, int index, bool makeVisi
         Send(LB_SETTOPINDEX, static_cast<WPARAM>(row));
         m_bulkTop = -1;
     }
+    OnRowsChanged();
     return row;
 }
 
@@ -122,9 +123,12 @@ int tvMListBox::DeleteItem(int row) {
     const int item = RowToItem(row, m_items.Count());
     if (m_hWnd == nullptr || item < 0) return kError;
     const bool hadSelection = HasSelection();
+    m_deleting = true;
     const int left = Change(LB_DELETESTRING, static_cast<WPARAM>(row), 0);
+    m_deleting = false;
     if (left < 0) return kError;
     m_items.Remove(item);
+    OnRowsChanged();
     if (hadSelection) NotifySelection();
     return left;
 }
@@ -132,9 +136,20 @@ int tvMListBox::DeleteItem(int row) {
 void tvMListBox::DeleteAll() {
     if (m_hWnd == nullptr) return;
     const bool hadSelection = HasSelection();
+    m_deleting = true;
     Change(LB_RESETCONTENT, 0, 0);
+    m_deleting = false;
     m_items.Clear();
+    OnRowsChanged();
     if (hadSelection) NotifySelection();
+}
+
+// Which row is under the mouse shows with its next
+// move.
+void tvMListBox::OnRowsChanged() {
+    m_hotIndex = -1;
+    if (m_measureLater) MeasureAll();
+    m_measureLater = false;
 }
 
 void tvMListBox::NotifySelection() const {
@@ -156,19 +171,20 @@ tvMListBox::Bulk::~Bulk() {
 void tvMListBox::EnterBulk() {
     if (m_bulk++ > 0) return;
     m_bulkTop = m_nearRow = Ask(LB_GETTOPINDEX);
-    m_bulkSelection = GetSelection();
+    m_bulkChanged = false;
     Send(WM_SETREDRAW, FALSE);
     m_wasVisible = (GetWindowLongPtrW(m_hWnd, GWL_STYLE) & WS_VISIBLE) != 0;
     if (m_wasVisible) DefWindowProcW(m_hWnd, WM_SETREDRAW, FALSE, 0);
 }
 
 void tvMListBox::LeaveBulk() {
-    if (m_hWnd == nullptr || --m_bulk > 0) return;
+    if (m_bulk == 0 || --m_bulk > 0 || m_hWnd == nullptr) return;
+    const bool isNotice = m_bulkChanged;  // a scroll bar that comes or goes has all rows measured, in bulk
     if (m_bulkTop >= 0) Send(LB_SETTOPINDEX, static_cast<WPARAM>(m_bulkTop));
     if (m_wasVisible) DefWindowProcW(m_hWnd, WM_SETREDRAW, TRUE, 0);
     Send(WM_SETREDRAW, TRUE);
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
-    if (GetSelection() != m_bulkSelection) StartNotice();
+    if (isNotice) StartNotice();
 }
 
 // --- The window's ---

@@ -166,6 +166,7 @@ private:
     };
     [[nodiscard]] Selection GetSelection() const { return {GetSelCount(), GetCurSel()}; }
     [[nodiscard]] bool HasSelection() const;
+    void OnRowsChanged();
 
     int Ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     int Change(UINT message, WPARAM wParam, LPARAM lParam);
@@ -182,6 +183,7 @@ private:
     void AfterDefault(UINT message, LPARAM lParam);
     void SetAll(bool on);
     LRESULT SetSelection(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT SetInBulk(UINT message, WPARAM wParam, LPARAM lParam, int row);
     bool OnKeyDown(WPARAM key);
     void OnMouseMove(int x, int y);
     void OnMouseGone();
@@ -204,7 +206,9 @@ private:
     int m_bulkTop = -1;  // the top row to come back to
     int m_nearRow = 0;   // which the window's top row is near
     bool m_wasVisible = false;
-    Selection m_bulkSelection{};
+    bool m_bulkChanged = false;  // rows were selected or deselected
+    bool m_deleting = false;     // the window has fewer rows than the queue
+    bool m_measureLater = false;
     int m_newHeight = 0;  // of the row that is being added
     int m_line = 0;       // the height of a line; 0: not measured yet
 };

@@ -148,7 +148,11 @@ void tvMListBox::OnSized(int width, int height) {
     m_lastHeight = height;
     if (width == m_lastWidth) return;
     m_lastWidth = width;
-    MeasureAll();
+    if (m_deleting) {
+        m_measureLater = true;
+    } else {
+        MeasureAll();
+    }
 }
 
 void tvMListBox::OnFontSet() {

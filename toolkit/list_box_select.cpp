@@ -33,8 +33,7 @@ void tvMListBox::DragTo(int x, int y) {
     RECT client{};
     GetClientRect(m_hWnd, &client);
     const int last = GetCount() - 1;
-    int row = HitTest(std::clamp(x, 0, std::max(Width(client) - 1, 0)),
-                      std::clamp(y, 0, std::max(Height(client) - 1, 0)));
+    int row = HitTest(x, std::clamp(y, 0, std::max(Height(client) - 1, 0)));
     if (row < 0 && m_dragStart < 0) return;
     if (row < 0) row = last;
     const int start = m_dragStart < 0 ? last : m_dragStart;
@@ -116,6 +115,7 @@ void tvMListBox::OnTimer(WPARAM id) {
 void tvMListBox::SetAll(bool on) {
     const Bulk bulk(*this);
     const int count = m_items.Count();
+    if (GetSelCount() != (on ? count : 0)) m_bulkChanged = true;
     for (int first = 0; first < count; first += kNear) {
         StayNear(first);
         Send(LB_SELITEMRANGE, on ? TRUE : FALSE, MAKELPARAM(first, std::min(first + kNear, count) - 1));
@@ -129,14 +129,21 @@ LRESULT tvMListBox::SetSelection(UINT message, WPARAM wParam, LPARAM lParam) {
         SetAll(wParam != FALSE);
         return LB_OKAY;
     }
-    if (m_bulk > 0) {
-        if (row >= 0) StayNear(row);
-        return tvWnd::WindowProc(message, wParam, lParam);
-    }
+    if (m_bulk > 0) return SetInBulk(message, wParam, lParam, row);
     const auto look = [&] { return Selection{row >= 0 ? GetSel(row) : GetSelCount(), GetCurSel()}; };
     const Selection before = look();
     const LRESULT result = tvWnd::WindowProc(message, wParam, lParam);
     if (look() != before) StartNotice();
+    return result;
+}
+
+// Once a change is known nothing is asked any more.
+LRESULT tvMListBox::SetInBulk(UINT message, WPARAM wParam, LPARAM lParam, int row) {
+    if (row >= 0) StayNear(row);
+    const int current = m_bulkChanged ? -1 : GetCurSel();
+    if (row >= 0 && !m_bulkChanged) m_bulkChanged = (GetSel(row) > 0) != (wParam != FALSE);
+    const LRESULT result = tvWnd::WindowProc(message, wParam, lParam);
+    if (!m_bulkChanged) m_bulkChanged = GetCurSel() != current;
     return result;
 }
 
@@ -155,11 +162,13 @@ void tvMListBox::GetItemClipText(tvstring& out, int index, std::u16string_view s
 bool tvMListBox::CopySelection() {
     tvstring all;
     tvstring line;
+    bool isFirst = true;
     const bool isSingle = IsSingleSelect();
     const int count = GetCount();
     for (int row = 0; row < count; ++row) {
         if (isSingle ? row != GetCurSel() : GetSel(row) <= 0) continue;
-        if (!all.empty()) all += u"\r\n";
+        if (!isFirst) all += u"\r\n";
+        isFirst = false;
         GetItemClipText(line, row, u"\t");
         all += line.view();
     }
@@ -207,6 +216,11 @@ int tvMListBox::FindItem(const tvstring& text, int direction, bool ignoreCase) {
         SetCurSel(row);
         if (found < 0) found = row;
         if (direction != FIND_ALL) break;
+    }
+    // What was found stays in sight.
+    if (found >= 0) {
+        m_bulkTop = -1;
+        Send(LB_SETCARETINDEX, static_cast<WPARAM>(found), FALSE);
     }
     return found;
 }

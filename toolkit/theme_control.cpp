@@ -55,7 +55,7 @@ bool tvtheme_control::OnThemeMessage(HWND window, UINT message, WPARAM wParam, L
             return false;
         case WM_SIZE:
         case WM_KILLFOCUS:
-        case WM_SETFOCUS:
+        case WM_SETFONT:
             ResetBuffer(window, Redraw::Yes);
             return false;
         case WM_INITMENUPOPUP:

@@ -1,6 +1,7 @@
 // The commands of the database: what is asked, done and told, in its order.
 #include "database/container.h"
 #include "database/database.h"
+#include "database/export.h"
 #include "foundation/language.h"
 #include "platform/error.h"
 #include "shell/app_data.h"
@@ -139,6 +140,15 @@ void CVMRDlg::SaveDatabaseAs(u16) {
     PostMessageW(m_hWnd, WM_COMMAND, CMD_SAVE, 0);
 }
 
+// Nothing is said of the result.
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): all commands are members, for the one table
+void CVMRDlg::ExportDatabase(u16) {
+    tvFileDialog& dialog = GetFileDialog(FileDialogUse::Export);
+    if (!dialog.Show()) return;
+    const tvstring path = dialog.GetPath();
+    TheDatabase().Export(path, IsHtmlPath(path));
+}
+
 // --- Change ---
 
 void CVMRDlg::RenameDatabase(u16) {
@@ -166,6 +176,7 @@ void CVMRDlg::UndoChange(u16) {
     if (result > UNDO_NOTHING) {
         OnAppNotify(APPN_DBLIST, 0, -1, 0);
         OnAppNotify(APPN_TOPBAR, 0, 0, 0);
+        RefreshStatus();
     }
     if (!changed.empty()) {
         OnAppNotify(APPN_ROWSCHANGED, AsArgument(static_cast<VMRD_Object*>(&database)), AsArgument(&changed),

@@ -73,6 +73,7 @@ void CVMRInputDlg::BuildTemplate() {
         DialogHeader* header = m_builder.Header();
         header->style = (header->style | WS_THICKFRAME) & ~static_cast<u32>(DS_MODALFRAME);
         m_edit1.m_autoHeight = -1;
+        m_edit1.KeepSecret();  // entries can be anything
         m_edit1.m_NoAutoSelect = 1;
         m_PlainText = 1;
         m_TwoFields = 0;
@@ -148,24 +149,27 @@ void CVMRInputDlg::LoadStoreSize(bool load) const {
 
 // --- What the user does ---
 
-void CVMRInputDlg::OnUpdateState() {
-    bool isComplete = m_AllowEmpty != 0;
-    if (!isComplete && m_MultiLine != 0) {
+bool CVMRInputDlg::IsComplete() const {
+    if (m_AllowEmpty != 0) return true;
+    if (m_MultiLine != 0) {
         tvstring text = TextOf(m_edit1);
         Trim(text, u"\r\n", TRIM_BOTH);
-        isComplete = !text.empty();
-    } else if (!isComplete) {
-        isComplete = GetWindowTextLengthW(m_edit1.Handle()) > 0 &&
-                     (m_TwoFields == 0 || GetWindowTextLengthW(m_edit2.Handle()) > 0);
+        return !text.empty();
     }
-    EnableWindow(m_okBtn.Handle(), isComplete ? TRUE : FALSE);
+    return GetWindowTextLengthW(m_edit1.Handle()) > 0 &&
+           (m_TwoFields == 0 || GetWindowTextLengthW(m_edit2.Handle()) > 0);
+}
+
+void CVMRInputDlg::OnUpdateState() {
+    EnableWindow(m_okBtn.Handle(), IsComplete() ? TRUE : FALSE);
 }
 
 // False if what is there is not enough for OK.
 bool CVMRInputDlg::TakeTexts() {
+    if (!IsComplete()) return false;
     m_Text = TextOf(m_edit1);
     m_Text2 = TextOf(m_edit2);
-    return m_AllowEmpty != 0 || (!m_Text.empty() && (m_TwoFields == 0 || !m_Text2.empty()));
+    return true;
 }
 
 // The path that stands in the box does not go to the dialog.
@@ -202,6 +206,9 @@ bool CVMRInputDlg::OnCommand(WPARAM wParam) {
 LRESULT CVMRInputDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_DESTROY) LoadStoreSize(false);
     if (message == WM_COMMAND && OnCommand(wParam)) return 0;
+    // What is painted above the boxes is there under every theme, that of the system included.
+    if (message == WM_ERASEBKGND && wParam != 0) return 1;
+    if (message == WM_PAINT && PaintWindow()) return 0;
     return CVMRBaseDlg::WindowProc(message, wParam, lParam);
 }
 

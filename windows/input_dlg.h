@@ -50,6 +50,7 @@ public:
 
 private:
     bool OnCommand(WPARAM wParam);
+    [[nodiscard]] bool IsComplete() const;
     bool TakeTexts();
     void RunExtraCommand() const;
     void Browse() const;

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "toolkit/rect.h"
+#include "toolkit/text_draw.h"
 #include "toolkit/theme.h"
 #include "windows/input_dlg.h"
 
@@ -10,7 +11,7 @@ constexpr UINT kTextFlags = DT_WORDBREAK | DT_EDITCONTROL | DT_HIDEPREFIX;
 
 LONG HeightOf(HDC dc, const tvstring& text, const RECT& place) {
     RECT measured = place;
-    DrawTextW(dc, Wide(text.c_str()), static_cast<int>(text.size()), &measured, kTextFlags | DT_CALCRECT);
+    MeasureText(text, kTextFlags, dc, measured);
     return measured.bottom - measured.top;
 }
 

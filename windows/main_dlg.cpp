@@ -145,7 +145,9 @@ void CVMRDlg::UpdatePanes() const {
     ShowPane(m_splitter, isOpen);
 }
 
+// The message is posted: meanwhile the window may have been minimised, and has no width then.
 void CVMRDlg::OnSplit() {
+    if (Width(ClientOf(m_hWnd)) <= 0) return;
     const RECT splitter = PlaceIn(m_hWnd, m_splitter.Handle());
     m_spPercent = static_cast<float>(splitter.left) / static_cast<float>(Width(ClientOf(m_hWnd)));
     OnLayout();

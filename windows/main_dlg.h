@@ -89,6 +89,7 @@ private:
     void AskAndOpen(u16 id);
     void SaveDatabase(u16 id);
     void SaveDatabaseAs(u16 id);
+    void ExportDatabase(u16 id);
     void CloseDatabase(u16 id);
     void RenameDatabase(u16 id);
     void ChangePassword(u16 id);
@@ -100,6 +101,7 @@ private:
     void ToggleAutoSave(u16 id);
     void ToggleHistory(u16 id);
     void ToggleAutoOpen(u16 id);
+    void ChooseFileType(u16 id);
     void ChooseFilter(u16 id);
     void ToggleFilterPasswords(u16 id);
     void ChooseTheme(u16 id);

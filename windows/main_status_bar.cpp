@@ -134,8 +134,9 @@ void CVMRStatusBar::ShowMessage(const char16_t* text, MessageKind kind) {
     GetClientRect(m_hWnd, &client);
     const LONG room = client.bottom - client.top - 2 * TheTheme().m_borderWidth;
     const bool isLarge = room > TheTheme().m_icons.SizeOf(icons.large).cy;
-    SetMessage(text == nullptr ? tvstring() : tvstring(text),
-               TheTheme().m_icons.Find(isLarge ? icons.large : icons.small));
+    const tvstring message = text == nullptr ? tvstring() : tvstring(text);
+    SetMessage(message,
+               message.empty() ? nullptr : TheTheme().m_icons.Find(isLarge ? icons.large : icons.small));
 }
 
 // --- Drawing ---

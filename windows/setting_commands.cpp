@@ -2,6 +2,7 @@
 #include "database/database.h"
 #include "foundation/language.h"
 #include "shell/app_data.h"
+#include "shell/file_type.h"
 #include "shell/statics.h"
 #include "toolkit/common_dialog.h"
 #include "toolkit/message_box.h"
@@ -49,6 +50,10 @@ void CVMRDlg::ToggleAutoOpen(u16) {
     CVMRAppData& data = TheAppData();
     data.bAutoOpen = data.bAutoOpen == 0 ? 1 : 0;
     data.LoadStoreAutoOpen(LoadStore::Store);
+}
+
+void CVMRDlg::ChooseFileType(u16) {
+    PromptFileType();
 }
 
 void CVMRDlg::ChooseFilter(u16 id) {

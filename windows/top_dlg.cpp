@@ -59,8 +59,8 @@ void CVMRTopDlg::OnSubclassControls() {
 }
 
 bool CVMRTopDlg::OnInitDialog() {
+    TheToolTip().Create(nullptr, 0);
     const bool result = CVMRBaseDlg::OnInitDialog();
-    TheToolTip().Create(tvApp::MainWindow(), 0);
     TheToolTip().AddCallbackTool(m_hWnd);
     OnAppNotify(APPN_TOPBAR, 0, 0, 0);
     return result;
@@ -187,6 +187,9 @@ LRESULT CVMRTopDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
             break;
         case WM_NOTIFY:
             if (GiveTip(lParam)) return 0;
+            break;
+        case WM_DESTROY:
+            RemoveToolTip(m_hWnd);
             break;
         case WM_CONTEXTMENU:
             OnContextMenu(lParam);

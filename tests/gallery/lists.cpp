@@ -61,10 +61,10 @@ void Lists::Wrap(HWND dialog) {
     focused.SetSel(1, true);
     focused.SetSel(2, true);
     PosedList& lines = m_Lists[LIST_LINES];
-    lines.m_hotIndex = 1;
     for (const char16_t* text : {u"A row that is too long for its place is broken into lines\tA note",
                                  u"The mouse is over this row", u"The third row", u"The last row"})
         lines.AddItem(text);
+    lines.m_hotIndex = 1;
     FillMenu();
     m_MenuSheet.SubclassDlgItem(dialog, kMenuSheet);
 }

@@ -1,6 +1,9 @@
 // Mouse and keyboard of the harness.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+
 #include "tests/gui/harness.h"
 
 namespace {
@@ -11,9 +14,9 @@ void LetItTakeEffect() {
 }
 
 // PumpUntil, but for steps of DuringModal, where nothing is dispatched. No condition of this file needs that.
-bool Await(const std::function<bool()>& condition) {
-    if (!DuringModal::InStep()) return PumpUntil(condition);
-    const ULONGLONG end = GetTickCount64() + kWaitLimit;
+bool Await(const std::function<bool()>& condition, int limit = kWaitLimit) {
+    if (!DuringModal::InStep()) return PumpUntil(condition, limit);
+    const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(limit);
     while (!condition()) {
         if (GetTickCount64() >= end) return false;
         Sleep(1);
@@ -43,6 +46,19 @@ void SendKey(WORD key, DWORD flags) {
     input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
     input.ki.dwFlags = flags;
     Send(input);
+}
+
+// On a busy machine the display tells Wine late of a window that has gone: the desktop then takes the
+// foreground from the window that has it by now, and what is typed goes nowhere. That window gets it back.
+void KeepForeground() {
+    static HWND last = nullptr;
+    HWND front = GetForegroundWindow();
+    if (front != nullptr && front != GetDesktopWindow()) {
+        last = front;
+    } else if (IsWindowVisible(last) != FALSE) {
+        SetForegroundWindow(last);
+        Await([] { return GetForegroundWindow() == last; });
+    }
 }
 
 // A pixel of the primary display in the 65536 steps that absolute input counts in, in the middle of the
@@ -99,9 +115,21 @@ constexpr struct {
     WORD key;
 } kModifierKeys[] = {{HOLD_SHIFT, VK_SHIFT}, {HOLD_CTRL, VK_CONTROL}, {HOLD_ALT, VK_MENU}};
 
+// A window that comes to the front late takes over which keys are held on the display itself: none. They are
+// held once more then.
 void HoldKeys(unsigned held) {
-    for (const auto& modifier : kModifierKeys)
-        if ((held & modifier.bit) != 0) KeyDown(modifier.key);
+    const auto areHeld = [held] {
+        return std::all_of(std::begin(kModifierKeys), std::end(kModifierKeys), [held](const auto& modifier) {
+            return (held & modifier.bit) == 0 || IsKeyDown(modifier.key);
+        });
+    };
+    constexpr int kMostTimes = 5;
+    for (int i = 0; i < kMostTimes && (i == 0 || !areHeld()); ++i) {
+        for (const auto& modifier : kModifierKeys)
+            if ((held & modifier.bit) != 0 && !IsKeyDown(modifier.key)) KeyDown(modifier.key);
+        LetItTakeEffect();
+    }
+    EXPECT_TRUE(areHeld()) << "the keys to be held are lost";
 }
 
 void LetKeysGo(unsigned held) {
@@ -175,8 +203,15 @@ void RollWheel(HWND window, int x, int y, int notches) {
 }
 
 void KeyDown(WORD key) {
+    constexpr int kSoon = 1000;
+    const auto isTaken = [key] { return IsKeyDown(key); };
+    KeepForeground();
     SendKey(key, 0);
-    EXPECT_TRUE(Await([key] { return IsKeyDown(key); })) << "key " << key << " is not taken";
+    if (!Await(isTaken, kSoon)) {
+        KeepForeground();
+        SendKey(key, 0);
+        EXPECT_TRUE(Await(isTaken)) << "key " << key << " is not taken";
+    }
     LetItTakeEffect();
 }
 
@@ -195,6 +230,7 @@ void Type(WORD key, unsigned held) {
 
 void TypeText(std::u16string_view text) {
     for (const char16_t unit : text) {
+        KeepForeground();
         INPUT input{};
         input.type = INPUT_KEYBOARD;
         input.ki.wScan = unit;

@@ -77,8 +77,8 @@ TEST_F(ThemeControl, StopsFadesAndForgetsItsPictureWhenItIsDestroyed) {
     EXPECT_FALSE(NeedsPaint());
 }
 
-TEST_F(ThemeControl, IsAlsoPaintedAnewWhenItsSizeOrTheFocusChanges) {
-    for (const UINT message : {WM_SIZE, WM_KILLFOCUS, WM_SETFOCUS}) {
+TEST_F(ThemeControl, IsAlsoPaintedAnewForAnotherSizeOrFontAndWithoutTheFocus) {
+    for (const UINT message : {WM_SIZE, WM_KILLFOCUS, WM_SETFONT}) {
         Settle(m_Window.Handle());
         m_Control.m_hasFrame = true;
         g_Stopped = 0;
@@ -91,7 +91,7 @@ TEST_F(ThemeControl, IsAlsoPaintedAnewWhenItsSizeOrTheFocusChanges) {
 
 TEST_F(ThemeControl, LeavesOtherMessagesAlone) {
     m_Control.m_hasFrame = true;
-    for (const UINT message : {WM_MOVE, WM_ENABLE, WM_PAINT, WM_COMMAND, WM_THEMECHANGED})
+    for (const UINT message : {WM_SETFOCUS, WM_MOVE, WM_ENABLE, WM_PAINT, WM_COMMAND, WM_THEMECHANGED})
         EXPECT_FALSE(Send(message));
     EXPECT_TRUE(m_Control.m_hasFrame);
     EXPECT_EQ(g_Stopped, 0);
