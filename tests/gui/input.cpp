@@ -123,13 +123,13 @@ void HoldKeys(unsigned held) {
             return (held & modifier.bit) == 0 || IsKeyDown(modifier.key);
         });
     };
-    constexpr int kMostTimes = 5;
-    for (int i = 0; i < kMostTimes && (i == 0 || !areHeld()); ++i) {
+    const auto hold = [&] {
         for (const auto& modifier : kModifierKeys)
             if ((held & modifier.bit) != 0 && !IsKeyDown(modifier.key)) KeyDown(modifier.key);
         LetItTakeEffect();
-    }
-    EXPECT_TRUE(areHeld()) << "the keys to be held are lost";
+        return areHeld();
+    };
+    EXPECT_TRUE(hold() || Await(hold)) << "the keys to be held are lost";
 }
 
 void LetKeysGo(unsigned held) {

@@ -101,6 +101,7 @@ TEST_F(Database, StaysClosedWithAWrongPassword) {
     EnterTexts(u"wrong");
     ASSERT_TRUE(m_Program.WaitForNoDialog());
     EXPECT_FALSE(m_Program.Sees(kRenameButton));
+    EXPECT_TRUE(PumpUntil([this] { return CountPixels(m_Program.Control(2001), RGB(255, 192, 0)) > 500; }));
 }
 
 TEST_F(Database, MissingOnTheCommandLineIsPassedOver) {
@@ -144,6 +145,73 @@ TEST_F(Database, GetsItsOldNameBackByUndo) {
     ASSERT_TRUE(PumpUntil([this] { return m_Program.Sees(kSaveButton); }));
     Type('Z', HOLD_CTRL);
     EXPECT_TRUE(PumpUntil([this] { return !m_Program.Sees(kSaveButton); }));
+    m_Program.Choose(u"M");
+    dialog = m_Program.WaitForDialog();
+    EXPECT_EQ(TextOf(GetDlgItem(dialog, kEdit1)), u"old");
+}
+
+TEST_F(Database, GetsItsOldMasterPasswordBackByUndoWithAWarning) {
+    constexpr COLORREF kOtherGround = RGB(0, 144, 0);
+    const tvstring path = InFolder(u"a.VMR");
+    MakeDatabase(path, u"name", u"secret");
+    ASSERT_TRUE(m_Program.Start(path));
+    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+    EnterTexts(u"secret");
+    ASSERT_TRUE(m_Program.WaitForNoDialog());
+    m_Program.Choose(u"P");
+    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+    EnterTexts(u"another", u"another");
+    ASSERT_TRUE(m_Program.WaitForNoDialog());
+    ASSERT_TRUE(PumpUntil([this] { return m_Program.Sees(kSaveButton); }));
+    HWND bar = m_Program.Control(2001);
+    EXPECT_TRUE(PumpUntil([bar] { return CountPixels(bar, kOtherGround) > 500; })) << "it is told of";
+    const u64 told = LookOf(bar);
+    Type('Z', HOLD_CTRL);
+    EXPECT_TRUE(PumpUntil([this] { return !m_Program.Sees(kSaveButton); }));
+    EXPECT_TRUE(PumpUntil([&] { return LookOf(bar) != told && CountPixels(bar, kOtherGround) > 500; }));
+    ASSERT_TRUE(m_Program.Quit());
+    EXPECT_TRUE(Opens(path, u"secret", u"name"));
+}
+
+TEST_F(Database, CtrlZInAnEditBoxIsTheBoxesOwn) {
+    const tvstring path = InFolder(u"a.VMR");
+    MakeDatabase(path, u"old", u"secret");
+    ASSERT_TRUE(m_Program.Start(path));
+    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+    EnterTexts(u"secret");
+    ASSERT_TRUE(m_Program.WaitForNoDialog());
+    m_Program.Choose(u"M");
+    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+    EnterTexts(u"new");
+    ASSERT_TRUE(m_Program.WaitForNoDialog());
+    ASSERT_TRUE(PumpUntil([this] { return m_Program.Sees(kSaveButton); }));
+    m_Program.Choose(u"M");
+    HWND edit = GetDlgItem(m_Program.WaitForDialog(), kEdit1);
+    TypeText(u"typed");
+    ASSERT_TRUE(PumpUntil([edit] { return TextOf(edit) == u"typed"; }));
+    Type('Z', HOLD_CTRL);
+    EXPECT_TRUE(PumpUntil([edit] { return TextOf(edit) != u"typed"; }));
+    Type(VK_ESCAPE);
+    ASSERT_TRUE(m_Program.WaitForNoDialog());
+    EXPECT_TRUE(m_Program.Sees(kSaveButton)) << "nothing of the database is undone";
+}
+
+TEST_F(Database, ShowsWhereTheKeyboardIs) {
+    ASSERT_TRUE(m_Program.Start());
+    Create(u"name");
+    HWND button = m_Program.Control(kRenameButton);
+    const auto focus = [this] {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        GetGUIThreadInfo(GetWindowThreadProcessId(m_Program.Main(), nullptr), &info);
+        return info.hwndFocus;
+    };
+    ASSERT_NE(focus(), button);
+    const u64 without = LookOf(button);
+    for (int i = 0; i < 10 && focus() != button; ++i)
+        Type(VK_TAB);
+    ASSERT_TRUE(PumpUntil([&] { return focus() == button; }));
+    EXPECT_TRUE(PumpUntil([&] { return LookOf(button) != without; }));
 }
 
 }  // namespace

@@ -59,9 +59,22 @@ HMENU OpenMenu(DWORD process) {
     return popup == nullptr ? nullptr : reinterpret_cast<HMENU>(SendMessageW(popup, MN_GETHMENU, 0, 0));
 }
 
+// Of the client area, as it is on the display: the window is another process's.
+template <typename Take>
+void ForEachPixel(HWND window, Take take) {
+    const Picture display(GetDesktopWindow());
+    RECT rect{};
+    GetClientRect(window, &rect);
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&rect), 2);
+    for (int y = rect.top; y < rect.bottom; ++y)
+        for (int x = rect.left; x < rect.right; ++x)
+            take(display.At(x, y));
+}
+
 PROCESS_INFORMATION Launch(const tvstring& program, const tvstring& arguments) {
     tvstring command = u"\"";
-    command.append(ProgramPath(program.c_str())).append(u"\" ").append(arguments);
+    const bool isWhole = program.find(u'\\') != tvstring::npos;
+    command.append(isWhole ? program : ProgramPath(program.c_str())).append(u"\" ").append(arguments);
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION process{};
@@ -82,12 +95,21 @@ tvstring TextOf(HWND window) {
 }
 
 u64 LookOf(HWND window) {
-    const Picture picture(window);
     u64 sum = 1469598103934665603ULL;
-    for (int y = 0; y < picture.Height(); ++y)
-        for (int x = 0; x < picture.Width(); ++x)
-            sum = (sum ^ picture.At(x, y)) * 1099511628211ULL;
+    ForEachPixel(window, [&sum](COLORREF color) { sum = (sum ^ color) * 1099511628211ULL; });
     return sum;
+}
+
+int CountPixels(HWND window, COLORREF color) {
+    int count = 0;
+    ForEachPixel(window, [&](COLORREF pixel) { count += pixel == color ? 1 : 0; });
+    return count;
+}
+
+COLORREF ColorAt(HWND window, int x, int y) {
+    POINT point{x, y};
+    ClientToScreen(window, &point);
+    return Picture(GetDesktopWindow()).At(point.x, point.y);
 }
 
 Program::~Program() {
@@ -98,8 +120,13 @@ Program::~Program() {
 }
 
 bool Program::Start(const tvstring& arguments) {
+    return StartCopy(u"vaultmere.exe", arguments);
+}
+
+bool Program::StartCopy(const tvstring& program, const tvstring& arguments) {
     constexpr int kStartLimit = 20000;
-    const PROCESS_INFORMATION process = Launch(u"vaultmere.exe", arguments);
+    if (m_Process != nullptr) CloseHandle(m_Process);
+    const PROCESS_INFORMATION process = Launch(program, arguments);
     m_Process = process.hProcess;
     m_Id = process.dwProcessId;
     const bool isThere = PumpUntil([this] { return (m_Main = Find(m_Id, false)) != nullptr; }, kStartLimit);
@@ -186,6 +213,23 @@ void Program::Choose(std::u16string_view letters) const {
     EXPECT_TRUE(WaitForNoMenu()) << "the menu stays";
 }
 
+void Program::ChooseByKeys(std::initializer_list<WORD> keys) const {
+    OpenMenuByKeyboard();
+    for (const WORD key : keys)
+        Type(key);
+    EXPECT_TRUE(WaitForNoMenu()) << "the menu stays";
+}
+
 bool Program::HasEnded(int limit) {
-    return PumpUntil([this] { return WaitForSingleObject(m_Process, 0) == WAIT_OBJECT_0; }, limit);
+    if (!PumpUntil([this] { return WaitForSingleObject(m_Process, 0) == WAIT_OBJECT_0; }, limit))
+        return false;
+    DWORD code = 1;
+    GetExitCodeProcess(m_Process, &code);
+    return code == 0;
+}
+
+bool Program::Quit() {
+    Activate();
+    Type(VK_F4, HOLD_ALT);
+    return HasEnded();
 }

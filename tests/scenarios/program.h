@@ -17,6 +17,9 @@ public:
     // failure of the test, if none comes.
     bool Start(const tvstring& arguments = {});
 
+    // The same for a copy of the program in another folder.
+    bool StartCopy(const tvstring& program, const tvstring& arguments = {});
+
     // Starts it and waits for its end; gives its exit code.
     static DWORD Run(const tvstring& program, const tvstring& arguments);
 
@@ -38,11 +41,16 @@ public:
     // Opens the main menu by the keyboard, and chooses by a row's letter.
     void OpenMenuByKeyboard() const;
     void Choose(std::u16string_view letters) const;
+    void ChooseByKeys(std::initializer_list<WORD> keys) const;
 
     // Brings the main window to the front.
     void Activate() const;
 
+    // It has ended, and well.
     [[nodiscard]] bool HasEnded(int limit = kWaitLimit);
+
+    // Closes the main window by the keyboard and waits for the end.
+    [[nodiscard]] bool Quit();
 
 private:
     HANDLE m_Process = nullptr;
@@ -54,6 +62,10 @@ tvstring TextOf(HWND window);
 
 // A number that tells a picture of a window from another one.
 u64 LookOf(HWND window);
+
+// How many pixels of a window have this colour.
+int CountPixels(HWND window, COLORREF color);
+COLORREF ColorAt(HWND window, int x, int y);
 
 // Each test has an empty registry and a folder of its own, and leaves a picture of the display in
 // build/scenario-failed if it fails.
@@ -71,6 +83,9 @@ protected:
     void MakeDatabase(const tvstring& path, const tvstring& name, const tvstring& password) const;
 
     static void UseStoredTheme(const tvstring& name);
+
+    // Goes through a system's dialog for files, then the password dialog that follows it.
+    static void EnterPath(const Program& program, const tvstring& path);
 
     tvstring m_Folder;
 };

@@ -49,3 +49,11 @@ void Scenario::MakeDatabase(const tvstring& path, const tvstring& name, const tv
 void Scenario::UseStoredTheme(const tvstring& name) {
     LoadStoreThemeName(LoadStore::Store, name);
 }
+
+void Scenario::EnterPath(const Program& program, const tvstring& path) {
+    HWND file = program.WaitForDialog();
+    ASSERT_NE(file, nullptr);
+    TypeText(path);
+    Type(VK_RETURN);
+    EXPECT_TRUE(PumpUntil([&] { return program.Dialog() != file; })) << "the file dialog stays";
+}
