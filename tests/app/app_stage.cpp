@@ -58,8 +58,8 @@ AppTest::~AppTest() {
     platform::DeleteUserTree(kProductTree);
 }
 
-void AppTest::Open() {
-    m_Main = std::make_unique<CVMRDlg>();
+void AppTest::Open(std::unique_ptr<CVMRDlg> window) {
+    m_Main = std::move(window);
     TheApp().m_mainWnd = m_Main.get();
     m_Main->BuildTemplate();
     ASSERT_TRUE(m_Main->Create(nullptr));

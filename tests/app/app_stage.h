@@ -18,8 +18,9 @@ protected:
     AppTest();
     ~AppTest() override;
 
-    // Makes the main window as the program does, without its loop, and shows it.
-    void Open();
+    // Makes the main window as the program does, without its loop, and shows it. A test may bring a window of
+    // a class of its own.
+    void Open(std::unique_ptr<CVMRDlg> window = std::make_unique<CVMRDlg>());
     void Close();
     [[nodiscard]] CVMRDlg& Main() const { return *m_Main; }
     [[nodiscard]] HWND Window() const { return m_Main == nullptr ? nullptr : m_Main->Handle(); }

@@ -1,0 +1,24 @@
+// A second language for tests, in the program's own folder of languages while the test runs.
+#pragma once
+
+#include "foundation/language.h"
+#include "tests/app/command_stage.h"
+
+// Finds English and a language "Deutsch", which calls undo "Zurueck", new "Neuer Tresor", add "Dazu...", copy
+// "Abschrift", modify "Anders", recent_open "Auf", type_vmr "Tresore", the file type "Tresor", and has
+// English texts for the rest.
+class LanguageTest : public CommandTest {
+protected:
+    LanguageTest();
+    // English is in use again, and the only language.
+    ~LanguageTest() override;
+
+    static const char16_t* SecondFile() noexcept;
+
+    // Changes the language as the user would.
+    static void UseSecond();
+    static void UseEnglish();
+
+    // Takes the second language away again.
+    static void Remove();
+};
