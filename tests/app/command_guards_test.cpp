@@ -11,7 +11,7 @@ const Notes kNothing;
 class NeedsADatabase : public CommandTest, public testing::WithParamInterface<u16> {};
 
 INSTANTIATE_TEST_SUITE_P(Commands, NeedsADatabase,
-                         testing::Values(CMD_SAVE, CMD_SAVE_AS, CMD_RENAME, CMD_SET_PASSWORD, CMD_EXPORT));
+                         testing::Values(CMD_SAVE, CMD_SAVE_AS, CMD_RENAME, CMD_SET_PASSWORD));
 
 TEST_P(NeedsADatabase, AndDoesNothingWithoutOne) {
     OpenNoting();

@@ -5,7 +5,14 @@
 
 namespace {
 
-using FileDialogs = LanguageTest;
+class FileDialogs : public LanguageTest {
+protected:
+    // They are new, whatever earlier tests have chosen in them.
+    FileDialogs() {
+        UseSecond();
+        UseEnglish();
+    }
+};
 
 // The filters of a dialog, one a line.
 std::string FiltersOf(const tvFileDialog& dialog) {

@@ -119,6 +119,20 @@ TEST_F(MainWindowSize, DoesNotTakeAFractionThatCannotBe) {
     }
 }
 
+// What the splitter tells is posted, and may come when there is nothing to divide any more.
+TEST_F(MainWindowSize, KeepsTheFractionWhileItIsMinimised) {
+    Open();
+    const float before = Main().m_spPercent;
+    ShowWindow(Window(), SW_MINIMIZE);
+    PumpQueue();
+    SendMessageW(Window(), WM_TVBUTTON_SPLIT, WPARAM{2002},
+                 reinterpret_cast<LPARAM>(Main().m_splitter.Handle()));
+    EXPECT_EQ(Main().m_spPercent, before);
+    ShowWindow(Window(), SW_RESTORE);
+    Settle(Window());
+    EXPECT_EQ(SplitterLeft(), static_cast<LONG>(static_cast<float>(ClientOf(Window()).right) * before));
+}
+
 // --- The frame ---
 
 TEST_F(MainWindowSize, ComesBackToTheKeptPlace) {

@@ -1,7 +1,7 @@
 // The commands that change settings: what they keep, and what they tell.
 #include <optional>
 
-#include "tests/app/language_stage.h"
+#include "tests/app/command_stage.h"
 #include "toolkit/theme.h"
 
 namespace {
@@ -13,12 +13,6 @@ std::optional<u32> Kept(const char16_t* name) {
     u32 word = 0;
     if (!LoadStoreInt(LoadStore::Load, name, word)) return std::nullopt;
     return word;
-}
-
-tvstring KeptText(const char16_t* name) {
-    tvstring text;
-    LoadStoreText(LoadStore::Load, name, text);
-    return text;
 }
 
 using SettingCommand = CommandTest;
@@ -113,73 +107,6 @@ TEST_F(HistoryCommand, SwitchesOnWithoutAsking) {
     EXPECT_EQ(NotesOf(CMD_HISTORY), Notes{"START"});
     EXPECT_EQ(TheAppData().bHistory, 1);
     EXPECT_EQ(Kept(u"bHistory"), 1U);
-}
-
-// --- Themes ---
-
-using ThemeCommand = CommandTest;
-
-TEST_F(ThemeCommand, PutsTheThemeInForceAndKeepsItsName) {
-    OpenNoting();
-    NotesOf(CMD_FIRST_THEME + 1);
-    EXPECT_EQ(TheTheme().m_name, u"Dark");
-    EXPECT_EQ(KeptText(u"Theme"), u"Dark");
-}
-
-TEST_F(ThemeCommand, DoesNothingForAnIdOfTheRangeBehindTheList) {
-    OpenNoting();
-    for (const u16 id : {u16{CMD_FIRST_THEME + 5}, u16{CMD_LAST_THEME}}) {
-        EXPECT_EQ(NotesOf(id), kNothing);
-        EXPECT_EQ(TheTheme().m_name, u"Light");
-        EXPECT_EQ(KeptText(u"Theme"), u"");
-    }
-}
-
-TEST_F(ThemeCommand, DoesNothingOutsideOfTheRangeHoweverManyThemesThereAre) {
-    constexpr std::size_t kMany = 105;
-    auto& themes = TheTheme().m_themes;
-    const std::vector<tvColorTheme> before = themes;
-    while (themes.size() < kMany)
-        themes.push_back(before[1]);
-    OpenNoting();
-    for (const u16 id : {u16{CMD_FIRST_THEME - 1}, u16{CMD_LAST_THEME + 1}, u16{CMD_LAST_THEME + 4}}) {
-        NotesOf(id);
-        EXPECT_EQ(TheTheme().m_name, u"Light") << id;
-        EXPECT_EQ(KeptText(u"Theme"), u"") << id;
-    }
-    NotesOf(CMD_LAST_THEME);
-    EXPECT_EQ(TheTheme().m_name, u"Dark");
-    themes = before;
-}
-
-// --- Languages ---
-
-using LanguageCommand = LanguageTest;
-
-TEST_F(LanguageCommand, ChangesAndKeepsTheLanguage) {
-    OpenNoting();
-    NotesOf(CMD_FIRST_LANGUAGE + 1);
-    EXPECT_EQ(Language().Current(), SecondFile());
-    EXPECT_EQ(KeptText(u"Lang"), SecondFile());
-    EXPECT_EQ(LangText(u"global", u"undo"), u"Zurueck");
-    NotesOf(CMD_FIRST_LANGUAGE);
-    EXPECT_EQ(Language().Current(), u"english.ini");
-    EXPECT_EQ(KeptText(u"Lang"), u"english.ini");
-}
-
-TEST_F(LanguageCommand, GivesAllPanesTheirTextsAnew) {
-    OpenNoting();
-    EXPECT_EQ(NotesOf(CMD_FIRST_LANGUAGE + 1), Notes{"LANGUAGE"});
-}
-
-TEST_F(LanguageCommand, DoesNothingForAnIdBehindTheListOrTheRange) {
-    OpenNoting();
-    for (const u16 id : {u16{CMD_FIRST_LANGUAGE - 1}, u16{CMD_FIRST_LANGUAGE + 2}, u16{CMD_LAST_LANGUAGE},
-                         u16{CMD_LAST_LANGUAGE + 1}}) {
-        EXPECT_EQ(NotesOf(id), kNothing);
-        EXPECT_EQ(Language().Current(), u"english.ini");
-        EXPECT_EQ(KeptText(u"Lang"), u"");
-    }
 }
 
 // --- Font and help ---
