@@ -228,7 +228,7 @@ TEST_F(CloseCommand, LetsGoOfTheFileAndShowsTheStartPage) {
     EXPECT_FALSE(TheDatabase().m_Opened);
     EXPECT_EQ(TheDatabase().m_Path, u"");
     EXPECT_FALSE(TheDatabase().HasMasterPassword());
-    EXPECT_EQ(TryToHold(path), DWORD{ERROR_SUCCESS});
+    EXPECT_EQ(TryToHold(path), platform::kErrorNone);
     EXPECT_TRUE(IsWindowVisible(Main().m_startDlg.Handle()));
     EXPECT_FALSE(IsWindowVisible(Main().m_leftDlg.Handle()));
     EXPECT_FALSE(IsWindowVisible(Main().m_rightDlg.Handle()));

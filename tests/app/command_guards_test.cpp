@@ -48,7 +48,7 @@ protected:
         EXPECT_TRUE(TheDatabase().m_Changed);
         EXPECT_EQ(TheDatabase().m_Name, u"Other");
         EXPECT_EQ(TheDatabase().m_Path, m_Path);
-        EXPECT_EQ(TryToHold(m_Path), DWORD{ERROR_SHARING_VIOLATION});
+        EXPECT_EQ(TryToHold(m_Path), platform::kErrorSharingViolation);
         EXPECT_TRUE(IsWindowVisible(Main().m_leftDlg.Handle()));
         EXPECT_EQ(m_Notes, kNothing);
     }

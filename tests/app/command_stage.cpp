@@ -179,6 +179,6 @@ tvhandle HoldFile(const tvstring& path) {
     return tvhandle(CreateFileW(Wide(path.c_str()), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
 }
 
-DWORD TryToHold(const tvstring& path) {
-    return HoldFile(path) ? ERROR_SUCCESS : GetLastError();
+u32 TryToHold(const tvstring& path) {
+    return HoldFile(path) ? platform::kErrorNone : platform::LastError();
 }

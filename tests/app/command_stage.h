@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "foundation/tvhandle.h"
+#include "platform/error.h"
 #include "tests/app/app_stage.h"
 #include "tests/gui/fake_file_dialog.h"
 #include "toolkit/com.h"
@@ -90,4 +91,4 @@ std::string Letters(const tvstring& text);
 tvhandle HoldFile(const tvstring& path);
 
 // The system's answer to an attempt to open the file without sharing it: 0 if it could be opened.
-DWORD TryToHold(const tvstring& path);
+u32 TryToHold(const tvstring& path);

@@ -4,9 +4,9 @@
 #include "foundation/language.h"
 #include "tests/app/command_stage.h"
 
-// Finds English and a language "Deutsch", which calls undo "Zurueck", new "Neuer Tresor", add "Dazu...", copy
-// "Abschrift", modify "Anders", recent_open "Auf", type_vmr "Tresore", the file type "Tresor", and has
-// English texts for the rest.
+// Finds English and a language "Deutsch", which has English texts but for undo "Zurueck", add "Dazu...", copy
+// "Abschrift", modify "Anders", new "Neuer Tresor", type_vmr "Tresore", setpwd_title "Kennwort", recent_open
+// "Auf" and the file type "Tresor".
 class LanguageTest : public CommandTest {
 protected:
     LanguageTest();

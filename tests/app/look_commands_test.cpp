@@ -68,7 +68,10 @@ TEST_F(LanguageCommand, ChangesAndKeepsTheLanguage) {
 
 TEST_F(LanguageCommand, GivesAllPanesTheirTextsAnew) {
     OpenNoting();
+    const HWND button = Main().m_topDlg.m_btnSetPassword.Handle();
+    EXPECT_EQ(TextOf(button), u"Set Master Password");
     EXPECT_EQ(NotesOf(CMD_FIRST_LANGUAGE + 1), Notes{"LANGUAGE"});
+    EXPECT_EQ(TextOf(button), u"Kennwort");
 }
 
 TEST_F(LanguageCommand, DoesNothingForAnIdBehindTheListOrTheRange) {

@@ -88,21 +88,21 @@ TEST_F(OpenCommand, LetsTheOpenFileBeChosenAgain) {
     const DuringModal steps({AnswerWith(u"one")});
     EXPECT_EQ(NotesOf(CMD_OPEN).back(), "START");
     EXPECT_TRUE(TheDatabase().m_Opened);
-    EXPECT_EQ(TryToHold(path), DWORD{ERROR_SHARING_VIOLATION});
+    EXPECT_EQ(TryToHold(path), platform::kErrorSharingViolation);
 }
 
 TEST_F(OpenCommand, LetsGoOfTheFileWhileTheUserChoosesAndTakesItBackAfterCancel) {
     const tvstring path = OpenFile();
-    ASSERT_EQ(TryToHold(path), DWORD{ERROR_SHARING_VIOLATION});
+    ASSERT_EQ(TryToHold(path), platform::kErrorSharingViolation);
     const DuringModal steps({[&] {
         const HWND dialog = FrontDialog(u"#32770");
         if (dialog == nullptr) return false;
-        EXPECT_EQ(TryToHold(path), DWORD{ERROR_SUCCESS});
+        EXPECT_EQ(TryToHold(path), platform::kErrorNone);
         PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
         return true;
     }});
     EXPECT_EQ(NotesOf(CMD_OPEN), kNothing);
-    EXPECT_EQ(TryToHold(path), DWORD{ERROR_SHARING_VIOLATION});
+    EXPECT_EQ(TryToHold(path), platform::kErrorSharingViolation);
     EXPECT_TRUE(TheDatabase().m_Opened);
 }
 
@@ -110,7 +110,7 @@ TEST_F(OpenCommand, TakesTheFileBackAfterAFailure) {
     const tvstring path = OpenFile();
     const FileAnswer file(FileAnswer::Kind::Open, InFolder(u"none.vmr"));
     EXPECT_EQ(NotesOf(CMD_OPEN), (Notes{Failure(InFolder(u"none.vmr"), " [0x00000002]")}));
-    EXPECT_EQ(TryToHold(path), DWORD{ERROR_SHARING_VIOLATION});
+    EXPECT_EQ(TryToHold(path), platform::kErrorSharingViolation);
 }
 
 // --- That fails ---
@@ -155,7 +155,7 @@ TEST_F(OpenCommand, DoesNothingForAFileThatIsNoDatabase) {
     EXPECT_EQ(NotesOfOpening(other, Quiet::No), kNothing);
     EXPECT_TRUE(TheDatabase().m_Opened);
     EXPECT_EQ(TheDatabase().m_Path, path);
-    EXPECT_EQ(TryToHold(path), DWORD{ERROR_SHARING_VIOLATION});
+    EXPECT_EQ(TryToHold(path), platform::kErrorSharingViolation);
 }
 
 TEST_F(OpenCommand, DoesNothingWithoutAPath) {
@@ -207,8 +207,8 @@ TEST_F(WrongPassword, LeavesNoDatabaseAndThePanesAsTheyWere) {
 }
 
 TEST_F(WrongPassword, LetsGoOfBothFiles) {
-    EXPECT_EQ(TryToHold(m_Other), DWORD{ERROR_SUCCESS});
-    EXPECT_EQ(TryToHold(InFolder(u"a.vmr")), DWORD{ERROR_SUCCESS});
+    EXPECT_EQ(TryToHold(m_Other), platform::kErrorNone);
+    EXPECT_EQ(TryToHold(InFolder(u"a.vmr")), platform::kErrorNone);
 }
 
 TEST_F(WrongPassword, AddsNothingToTheRecentOnes) {

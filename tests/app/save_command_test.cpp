@@ -156,7 +156,7 @@ TEST_F(SaveAsCommand, OntoTheOpenFileGivesItTheNewPassword) {
         EXPECT_EQ(NotesOf(CMD_SAVE_AS), kSaved);
     }
     EXPECT_FALSE(TheDatabase().m_Changed);
-    EXPECT_EQ(TryToHold(path), DWORD{ERROR_SHARING_VIOLATION});
+    EXPECT_EQ(TryToHold(path), platform::kErrorSharingViolation);
     Command(CMD_CLOSE);
     EXPECT_TRUE(OpensWith(path, u"two"));
     EXPECT_FALSE(OpensWith(path, u"one"));
