@@ -176,7 +176,8 @@ std::string Letters(const tvstring& text) {
 }
 
 tvhandle HoldFile(const tvstring& path) {
-    return tvhandle(CreateFileW(Wide(path.c_str()), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    return tvhandle(
+        platform::OpenNativeFile(path.c_str(), platform::FileAccess::Read, platform::FileSharing::None));
 }
 
 u32 TryToHold(const tvstring& path) {
