@@ -27,16 +27,44 @@ void Fill(const tvComboBox& combo) {
         combo.Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(NameOf(i).c_str()));
 }
 
-// The list of some systems cannot be scrolled before it is dropped down.
+// What some systems cannot do: the list cannot be scrolled before it is dropped down, and there is no least
+// number of rows and no cue. This combo box has them,
+// and a new window has none of what the old one was told.
 class ScrolledCombo : public tvComboBox {
 public:
+    void OnSubclassed() override {
+        m_minVisible = kUsualMinVisible;
+        m_cue.clear();
+        tvComboBox::OnSubclassed();
+    }
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message == CB_GETTOPINDEX) return m_topIndex;
-        if (message == CB_SETTOPINDEX) m_newTopIndex = wParam;
+        switch (message) {
+            case CB_GETTOPINDEX:
+                return m_topIndex;
+            case CB_SETTOPINDEX:
+                m_newTopIndex = wParam;
+                break;
+            case CB_GETMINVISIBLE:
+                return m_minVisible;
+            case CB_SETMINVISIBLE:
+                m_minVisible = static_cast<LRESULT>(wParam);
+                return TRUE;
+            case CB_GETCUEBANNER:
+                lstrcpynW(reinterpret_cast<wchar_t*>(lParam), Wide(m_cue.c_str()), static_cast<int>(wParam));
+                return TRUE;
+            case CB_SETCUEBANNER:
+                m_cue = reinterpret_cast<const char16_t*>(lParam);
+                return TRUE;
+            default:
+                break;
+        }
         return tvComboBox::WindowProc(message, wParam, lParam);
     }
+    static constexpr LRESULT kUsualMinVisible = 30;
     LRESULT m_topIndex = 0;
     WPARAM m_newTopIndex = 0;
+    LRESULT m_minVisible = kUsualMinVisible;
+    tvstring m_cue;
 };
 
 // A dialog with a combo box of a style, under the theme Dark.
@@ -118,17 +146,20 @@ TEST_P(ComboRecreate, KeepsItsSettings) {
     m_Combo.Send(CB_SETEXTENDEDUI, TRUE);
     m_Combo.Send(CB_SETHORIZONTALEXTENT, 333);
     m_Combo.m_topIndex = 9;
-    const LRESULT locale = m_Combo.Send(CB_GETLOCALE);
-    const LRESULT minVisible = m_Combo.Send(CB_GETMINVISIBLE);
+    constexpr LCID kGerman = MAKELCID(MAKELANGID(LANG_GERMAN, SUBLANG_GERMAN), SORT_DEFAULT);
+    ASSERT_NE(m_Combo.Send(CB_GETLOCALE), LRESULT{kGerman});
+    m_Combo.Send(CB_SETLOCALE, kGerman);
+    m_Combo.Send(CB_SETCUEBANNER, 0, reinterpret_cast<LPARAM>(u"Cue"));
     for (const std::u16string_view theme : {kSystem, kDark}) {
         m_Combo.m_newTopIndex = 0;
         Switch(theme);
-        EXPECT_EQ(m_Combo.Send(CB_GETMINVISIBLE), minVisible);
+        EXPECT_EQ(m_Combo.Send(CB_GETMINVISIBLE), 7);
         EXPECT_EQ(m_Combo.Send(CB_GETDROPPEDWIDTH), 222);
         EXPECT_EQ(m_Combo.Send(CB_GETEXTENDEDUI), TRUE);
         EXPECT_EQ(m_Combo.Send(CB_GETHORIZONTALEXTENT), 333);
         EXPECT_EQ(m_Combo.m_newTopIndex, 9U);
-        EXPECT_EQ(m_Combo.Send(CB_GETLOCALE), locale);
+        EXPECT_EQ(m_Combo.Send(CB_GETLOCALE), LRESULT{kGerman});
+        EXPECT_EQ(m_Combo.m_cue, u"Cue");
     }
 }
 
@@ -268,6 +299,12 @@ TEST(ComboRecreateEdit, KeepsTheCueOfItsEditBox) {
         UseTheme(theme, dialog.Handle());
         EXPECT_EQ(combo.m_edit.m_cue, u"Cue");
         EXPECT_EQ(combo.m_edit.m_cueOnFocus, 0);
+        wchar_t cue[50] = {};  // of the new window
+        combo.m_edit.Send(EM_GETCUEBANNER, reinterpret_cast<WPARAM>(cue), 50);
+        EXPECT_STREQ(cue, L"Cue");
+        Settle(dialog.Handle());
+        const Picture look(combo.m_edit.Handle());
+        EXPECT_GT(look.Count(TheTheme().Color(&tvColorTheme::m_textGray, COLOR_GRAYTEXT)), 5);
     }
 }
 

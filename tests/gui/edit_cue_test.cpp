@@ -52,13 +52,24 @@ TEST_P(EditCue, OfABoxWithATextShowsOnlyWhenThatIsEmptied) {
     EXPECT_GT(Ink(stage), 20);
 }
 
+// What a box without a cue looks like with this text in it.
+Picture WithoutCue(std::u16string_view theme, const wchar_t* text) {
+    const EditStage stage(theme);
+    SetWindowTextW(stage.Window(), text);
+    return stage.Look();
+}
+
 TEST_P(EditCue, GoesAndComesWithTyping) {
+    const Picture onlyText = WithoutCue(GetParam(), L"x");
     EditStage stage(GetParam());
     stage.input.SetCue(u"WWWW", true);
     const Picture cue = stage.Look();
     Focus(stage.dialog, stage.Window());
     TypeText(u"x");
     EXPECT_TRUE(PumpUntil([&] { return TextOf(stage.Window()) == u"x"; }));
+    Focus(stage.dialog, stage.dialog.Item(kOther));
+    EXPECT_TRUE(stage.Look() == onlyText);
+    Focus(stage.dialog, stage.Window());
     Type(VK_BACK);
     EXPECT_TRUE(PumpUntil([&] { return TextOf(stage.Window()).empty(); }));
     Focus(stage.dialog, stage.dialog.Item(kOther));

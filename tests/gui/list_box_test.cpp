@@ -169,7 +169,7 @@ TEST_F(MultiListTest, TellsOnceOfAResetWithASelection) {
     AddRows(4);
     Select({1, 3});
     m_List.DeleteAll();
-    PumpQueue();
+    LetNoticesCome();
     EXPECT_EQ(Notices(), 1);
 }
 
