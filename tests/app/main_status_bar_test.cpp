@@ -75,7 +75,7 @@ protected:
         Repaint();
         RECT place = m_Bar.m_place;
         const RECT ink = InkIn(Look(), TheTheme().m_button, place);
-        EXPECT_NEAR(ink.right - ink.left, Width(text), 3);
+        EXPECT_EQ(ink.right - ink.left, InkWidthIn(m_Bar.Handle(), text));
     }
     // A saved database with so many items.
     void OpenDatabase(int items) {

@@ -182,14 +182,15 @@ TEST_F(Placement, IsStoredAsItIsAfterRestoring) {
 }
 
 TEST_F(Placement, OfAMinimisedWindowIsMaximisedIfItWasThatBefore) {
+    ShowWindow(m_Plain, SW_MINIMIZE);
+    Store();
+    EXPECT_EQ(Stored<u32>(u"WindowMax"), 0U);
+    EXPECT_EQ(Stored<RECT>(u"WindowPos"), (RECT{50, 60, 350, 260}));
     ShowWindow(m_Plain, SW_SHOWMAXIMIZED);
     ShowWindow(m_Plain, SW_MINIMIZE);
     Store();
     EXPECT_EQ(Stored<u32>(u"WindowMax"), 1U);
-    ShowWindow(m_Plain, SW_SHOWNORMAL);
-    ShowWindow(m_Plain, SW_MINIMIZE);
-    Store();
-    EXPECT_EQ(Stored<u32>(u"WindowMax"), 0U);
+    EXPECT_EQ(Stored<RECT>(u"WindowPos"), (RECT{50, 60, 350, 260}));
 }
 
 TEST_F(Placement, OfTheMainWindowIsStoredWhenItCloses) {

@@ -222,9 +222,12 @@ TEST_F(TopBar, OpensTheMenuUnderItsRightEndForItsButton) {
     ExpectMenuUnderTheRightEnd([this] { Click(Control(kMenu)); });
 }
 
+// As the system makes it of the keys.
 TEST_F(TopBar, OpensTheMenuUnderItsRightEndForTheKeyboard) {
     SetFocus(Control(kMenu));
-    ExpectMenuUnderTheRightEnd([] { Type(VK_F10, HOLD_SHIFT); });
+    ExpectMenuUnderTheRightEnd([this] {
+        SendMessageW(Control(kMenu), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(Control(kMenu)), -1);
+    });
 }
 
 }  // namespace

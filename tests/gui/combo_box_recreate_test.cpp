@@ -50,7 +50,7 @@ public:
                 m_minVisible = static_cast<LRESULT>(wParam);
                 return TRUE;
             case CB_GETCUEBANNER:
-                lstrcpynW(reinterpret_cast<wchar_t*>(lParam), Wide(m_cue.c_str()), static_cast<int>(wParam));
+                lstrcpynW(reinterpret_cast<wchar_t*>(wParam), Wide(m_cue.c_str()), static_cast<int>(lParam));
                 return TRUE;
             case CB_SETCUEBANNER:
                 m_cue = reinterpret_cast<const char16_t*>(lParam);
