@@ -137,7 +137,8 @@ TEST_F(Placement, IsMaximisedForAnythingButZero) {
 
 TEST_F(Placement, OfAMonitorThatHasGoneIsInTheWorkArea) {
     const RECT area = WorkArea();
-    for (const POINT at : {POINT{5000, 3000}, POINT{9000, 9000}}) {
+    // The last of these is still to be seen in part.
+    for (const POINT at : {POINT{5000, 3000}, POINT{9000, 9000}, POINT{area.right - 90, area.bottom - 80}}) {
         StoreRect({at.x, at.y, at.x + 400, at.y + 300});
         Load();
         EXPECT_EQ(Place(), (RECT{area.right - 400, area.bottom - 300, area.right, area.bottom}));

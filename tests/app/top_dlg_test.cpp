@@ -52,7 +52,7 @@ protected:
     }
 
     // Carries out what opens a menu, and looks at that; then it is closed.
-    void OpenMenu(const std::function<void()>& action, const std::function<void(const RECT&)>& look) {
+    static void OpenMenu(const std::function<void()>& action, const std::function<void(const RECT&)>& look) {
         const DuringModal during({[&look] {
             RECT place{};
             if (MenuWindow() == nullptr || IsWindowVisible(MenuWindow()) == FALSE) return false;
