@@ -46,7 +46,7 @@ TEST_P(Open, AWrongPasswordIsToldAndTheRightOneOpens) {
     EXPECT_TRUE(PumpUntil([this] { return m_Program.Sees(kRenameButton); }));
     EXPECT_TRUE(m_Program.Sees(kSplitter));
     EXPECT_FALSE(m_Program.Sees(kSaveButton));
-    EXPECT_EQ(CountPixels(m_Program.Control(kStatusBar), kErrorGround), 0);
+    EXPECT_TRUE(PumpUntil([this] { return CountPixels(m_Program.Control(kStatusBar), kErrorGround) == 0; }));
 }
 
 TEST_P(Open, AFileOfAnotherKindDoesNothing) {
