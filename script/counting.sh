@@ -64,3 +64,16 @@ unittest_counts() {
     [ -z "$skipped" ] || printf '%d skipped\n' "$skipped"
     printf '%d passed, %d failed\n' $((good > 0 ? good : 0)) "$bad"
 }
+
+# failed_gtests FILE: the tests that failed in a GoogleTest run, as a filter; nothing if none did.
+failed_gtests() {
+    tr -d '\r' <"$1" | sed -nE 's/^\[  FAILED  \] ([^ ,]+)(, where .*)? \([0-9]+ ms\)$/\1/p' | paste -sd :
+}
+
+# sum_counts FIRST AGAIN: the counts of a run of which the failed tests were run again.
+sum_counts() {
+    local good more bad
+    read -r good _ <<<"$1"
+    read -r more _ bad _ <<<"$2"
+    printf '%d passed, %d failed\n' $((good + more)) "$bad"
+}

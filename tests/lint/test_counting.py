@@ -57,6 +57,29 @@ class GoogleTest(CountingTest):
         self.assertEqual(self.counts("gtest_counts", output, 1), "1 passed, 1 failed")
 
 
+class FailedGoogleTests(CountingTest):
+    def failed(self, output):
+        (self.folder / "out").write_bytes(output.encode())
+        return self.bash(f"failed_gtests {self.folder}/out").strip()
+
+    def test_are_a_filter(self):
+        output = (GTEST + "[  FAILED  ] A.Two (1 ms)\r\n"
+                  "[  FAILED  ] All/B.Three/Dark, where GetParam() = u\"Dark\" (7 ms)\r\n"
+                  "[  FAILED  ] 2 tests, listed below:\n[  FAILED  ] A.Two\n")
+        self.assertEqual(self.failed(output), "A.Two:All/B.Three/Dark")
+
+    def test_are_none_where_all_passed(self):
+        self.assertEqual(self.failed(GTEST + "[       OK ] A.Two (1 ms)\n"), "")
+
+    def test_count_as_passed_if_they_pass_when_they_are_run_again(self):
+        self.assertEqual(self.bash("sum_counts '38 passed, 2 failed' '2 passed, 0 failed'").strip(),
+                         "40 passed, 0 failed")
+
+    def test_count_as_failed_if_they_fail_again(self):
+        self.assertEqual(self.bash("sum_counts '38 passed, 2 failed' '1 passed, 1 failed'").strip(),
+                         "39 passed, 1 failed")
+
+
 class PythonTests(CountingTest):
     def test_counts_what_passed(self):
         self.assertEqual(self.counts("unittest_counts", PYTHON + "Ran 2 tests in 0.1s\n\nOK\n", 0),
