@@ -8,8 +8,28 @@ constexpr int kSaveButton = 32778;
 constexpr int kRenameButton = 32783;
 constexpr int kEdit1 = 2014;
 
-class Database : public Scenario {
+class Database : public Scenario, public testing::WithParamInterface<const char16_t*> {
 protected:
+    void SetUp() override {
+        Scenario::SetUp();
+        UseStoredTheme(GetParam());
+    }
+
+    // A file with a password, for vmr, which takes none as an argument.
+    tvstring PasswordFile(const char* password) const {
+        const tvstring path = InFolder(u"password.txt");
+        HANDLE file = CreateFileW(Wide(path.c_str()), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+        DWORD written = 0;
+        WriteFile(file, password, static_cast<DWORD>(strlen(password)), &written, nullptr);
+        CloseHandle(file);
+        return path;
+    }
+    DWORD RunTool(const tvstring& command, const char* password) const {
+        tvstring arguments = command;
+        arguments.append(u" --no-input --password-file \"").append(PasswordFile(password)).append(u"\" \"");
+        return Program::Run(u"vmr.exe", arguments.append(InFolder(u"a.VMR")).append(u"\""));
+    }
+
     // "Create New Database..." with a name.
     void Create(std::u16string_view name) {
         m_Program.Choose(u"N");
@@ -41,7 +61,7 @@ protected:
     Program m_Program;
 };
 
-TEST_F(Database, IsCreatedSavedAndOpenedAgain) {
+TEST_P(Database, IsCreatedSavedAndOpenedAgain) {
     const tvstring path = InFolder(u"a.VMR");
     ASSERT_TRUE(m_Program.Start());
     Create(u"My passwords");
@@ -54,7 +74,26 @@ TEST_F(Database, IsCreatedSavedAndOpenedAgain) {
     EXPECT_TRUE(Opens(path, u"secret", u"My passwords"));
 }
 
-TEST_F(Database, IsNotSavedWithPasswordsThatDiffer) {
+TEST_P(Database, IsOpenedByTheCommandLineTool) {
+    ASSERT_TRUE(m_Program.Start());
+    Create(u"My passwords");
+    SaveAs(InFolder(u"a.VMR"), u"secret", u"secret");
+    EXPECT_TRUE(PumpUntil([this] { return !m_Program.Sees(kSaveButton); }));
+    ASSERT_TRUE(m_Program.Quit());
+    EXPECT_EQ(RunTool(u"ls", "secret"), 0U);
+    EXPECT_NE(RunTool(u"ls", "another"), 0U);
+}
+
+TEST_P(Database, OfTheCommandLineToolIsOpened) {
+    ASSERT_EQ(RunTool(u"new --name Tool", "secret"), 0U);
+    ASSERT_TRUE(m_Program.Start(InFolder(u"a.VMR")));
+    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+    EnterTexts(u"secret");
+    ASSERT_TRUE(m_Program.WaitForNoDialog());
+    EXPECT_TRUE(PumpUntil([this] { return m_Program.Sees(kRenameButton); }));
+}
+
+TEST_P(Database, IsNotSavedWithPasswordsThatDiffer) {
     const tvstring path = InFolder(u"a.VMR");
     ASSERT_TRUE(m_Program.Start());
     Create(u"name");
@@ -71,7 +110,7 @@ TEST_F(Database, IsNotSavedWithPasswordsThatDiffer) {
     EXPECT_EQ(PathKind(path), PATH_FILE);
 }
 
-TEST_F(Database, IsNotCreatedWhenTheUserCancels) {
+TEST_P(Database, IsNotCreatedWhenTheUserCancels) {
     ASSERT_TRUE(m_Program.Start());
     m_Program.Choose(u"N");
     ASSERT_NE(m_Program.WaitForDialog(), nullptr);
@@ -81,7 +120,7 @@ TEST_F(Database, IsNotCreatedWhenTheUserCancels) {
     EXPECT_FALSE(m_Program.Sees(kRenameButton));
 }
 
-TEST_F(Database, IsOpenedFromTheCommandLine) {
+TEST_P(Database, IsOpenedFromTheCommandLine) {
     const tvstring path = InFolder(u"my file.VMR");
     MakeDatabase(path, u"Mine", u"secret");
     ASSERT_TRUE(m_Program.Start(tvstring(u"\"").append(path).append(u"\"")));
@@ -93,7 +132,7 @@ TEST_F(Database, IsOpenedFromTheCommandLine) {
     EXPECT_FALSE(m_Program.Sees(kSaveButton));
 }
 
-TEST_F(Database, StaysClosedWithAWrongPassword) {
+TEST_P(Database, StaysClosedWithAWrongPassword) {
     const tvstring path = InFolder(u"a.VMR");
     MakeDatabase(path, u"Mine", u"secret");
     ASSERT_TRUE(m_Program.Start(path));
@@ -104,13 +143,13 @@ TEST_F(Database, StaysClosedWithAWrongPassword) {
     EXPECT_TRUE(PumpUntil([this] { return CountPixels(m_Program.Control(2001), RGB(255, 192, 0)) > 500; }));
 }
 
-TEST_F(Database, MissingOnTheCommandLineIsPassedOver) {
+TEST_P(Database, MissingOnTheCommandLineIsPassedOver) {
     ASSERT_TRUE(m_Program.Start(InFolder(u"missing.VMR")));
     EXPECT_EQ(m_Program.Dialog(), nullptr);
     EXPECT_FALSE(m_Program.Sees(kRenameButton));
 }
 
-TEST_F(Database, WithUnsavedChangesIsGivenUpOnlyOnYes) {
+TEST_P(Database, WithUnsavedChangesIsGivenUpOnlyOnYes) {
     ASSERT_TRUE(m_Program.Start());
     Create(u"name");
     Type(VK_F4, HOLD_ALT);
@@ -129,7 +168,7 @@ TEST_F(Database, WithUnsavedChangesIsGivenUpOnlyOnYes) {
     EXPECT_TRUE(m_Program.HasEnded());
 }
 
-TEST_F(Database, GetsItsOldNameBackByUndo) {
+TEST_P(Database, GetsItsOldNameBackByUndo) {
     const tvstring path = InFolder(u"a.VMR");
     MakeDatabase(path, u"old", u"secret");
     ASSERT_TRUE(m_Program.Start(path));
@@ -150,7 +189,7 @@ TEST_F(Database, GetsItsOldNameBackByUndo) {
     EXPECT_EQ(TextOf(GetDlgItem(dialog, kEdit1)), u"old");
 }
 
-TEST_F(Database, GetsItsOldMasterPasswordBackByUndoWithAWarning) {
+TEST_P(Database, GetsItsOldMasterPasswordBackByUndoWithAWarning) {
     constexpr COLORREF kOtherGround = RGB(0, 144, 0);
     const tvstring path = InFolder(u"a.VMR");
     MakeDatabase(path, u"name", u"secret");
@@ -173,7 +212,7 @@ TEST_F(Database, GetsItsOldMasterPasswordBackByUndoWithAWarning) {
     EXPECT_TRUE(Opens(path, u"secret", u"name"));
 }
 
-TEST_F(Database, CtrlZInAnEditBoxIsTheBoxesOwn) {
+TEST_P(Database, CtrlZInAnEditBoxIsTheBoxesOwn) {
     const tvstring path = InFolder(u"a.VMR");
     MakeDatabase(path, u"old", u"secret");
     ASSERT_TRUE(m_Program.Start(path));
@@ -196,7 +235,7 @@ TEST_F(Database, CtrlZInAnEditBoxIsTheBoxesOwn) {
     EXPECT_TRUE(m_Program.Sees(kSaveButton)) << "nothing of the database is undone";
 }
 
-TEST_F(Database, ShowsWhereTheKeyboardIs) {
+TEST_P(Database, ShowsWhereTheKeyboardIs) {
     ASSERT_TRUE(m_Program.Start());
     Create(u"name");
     HWND button = m_Program.Control(kRenameButton);
@@ -215,5 +254,8 @@ TEST_F(Database, ShowsWhereTheKeyboardIs) {
     }
     EXPECT_TRUE(PumpUntil([&] { return LookOf(button) != without; }));
 }
+
+INSTANTIATE_TEST_SUITE_P(Themes, Database, testing::Values(u"Light", u"Dark"),
+                         [](const auto& theme) { return theme.param[0] == u'D' ? "Dark" : "Light"; });
 
 }  // namespace

@@ -42,11 +42,14 @@ HWND Find(DWORD process, bool dialogs, const wchar_t* className = nullptr) {
     return search.found;
 }
 
-// True if the window is in front, has the keyboard and waits for what comes.
+// True if the window is in front, has the keyboard and waits for what comes. A foreground that was lost to the desktop,
+// since the display told late of a window that has gone, is given back.
 bool IsReady(HWND window) {
     constexpr UINT kLimit = 1000;
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
+    HWND front = GetForegroundWindow();
+    if (front == nullptr || front == GetDesktopWindow()) SetForegroundWindow(window);
     if (GetForegroundWindow() != window) return false;
     GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
     const bool hasKeyboard = info.hwndFocus == window || IsChild(window, info.hwndFocus) != FALSE;
