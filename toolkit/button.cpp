@@ -1,5 +1,6 @@
 #include "toolkit/button.h"
 
+#include "toolkit/control_state.h"
 #include "toolkit/statics.h"
 #include "toolkit/system.h"
 #include "toolkit/theme.h"
@@ -8,15 +9,6 @@
 namespace {
 
 constexpr const char16_t* kTipIsCaption = u"#0";
-
-tvstring CaptionOf(HWND window) {
-    const int length = GetWindowTextLengthW(window);
-    if (length <= 0) return {};
-    tvstring text(static_cast<std::size_t>(length), u' ');
-    const int taken = GetWindowTextW(window, Wide(text.data()), length + 1);
-    text.resize(static_cast<std::size_t>(taken));
-    return text;
-}
 
 }  // namespace
 
@@ -107,7 +99,7 @@ void tvButton::Repaint() {
 void tvButton::OnSubclassed() {
     if (!IsAttached()) return;
     m_hover = 0;
-    m_text = CaptionOf(m_hWnd);
+    m_text = TextOfWindow(m_hWnd);
     m_style = static_cast<u32>(GetWindowLongPtrW(m_hWnd, GWL_STYLE)) & kStyleMask;
     SyncStyle();
     if (m_hideFocus != 0) SetHideFocus(true);

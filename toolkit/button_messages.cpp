@@ -1,5 +1,6 @@
 // What a button does with its messages.
 #include "toolkit/button.h"
+#include "toolkit/control_state.h"
 #include "toolkit/statics.h"
 #include "toolkit/theme.h"
 #include "toolkit/tool_tip.h"
@@ -9,14 +10,6 @@ namespace {
 template <typename Target>
 Target* PointerOf(LPARAM lParam) {
     return reinterpret_cast<Target*>(lParam);  // NOLINT(performance-no-int-to-ptr): a message's argument
-}
-
-void TrackLeaving(HWND window) {
-    TRACKMOUSEEVENT track{};
-    track.cbSize = sizeof track;
-    track.dwFlags = TME_LEAVE;
-    track.hwndTrack = window;
-    TrackMouseEvent(&track);
 }
 
 // What a message about cues says, with the focus dots hidden whatever it was.
@@ -144,7 +137,7 @@ void tvButton::OnTypeSet(WPARAM wParam, LPARAM lParam) {
 void tvButton::OnMouseInside() {
     if (m_hover != 0 || UsesSystemLook()) return;
     m_hover = 1;
-    TrackLeaving(m_hWnd);
+    TrackMouseLeaving(m_hWnd);
     InvalidateRect(m_hWnd, nullptr, TRUE);
 }
 

@@ -1,4 +1,5 @@
 // What a list box does with its messages.
+#include "toolkit/control_state.h"
 #include "toolkit/draw.h"
 #include "toolkit/list_box.h"
 #include "toolkit/theme.h"
@@ -28,14 +29,6 @@ bool ChangesRows(UINT message) {
         default:
             return false;
     }
-}
-
-void TrackLeaving(HWND window) {
-    TRACKMOUSEEVENT track{};
-    track.cbSize = sizeof track;
-    track.dwFlags = TME_LEAVE;
-    track.hwndTrack = window;
-    TrackMouseEvent(&track);
 }
 
 bool IsHeld(int key) {
@@ -192,7 +185,7 @@ void tvMListBox::InvalidateRow(int row) const {
 void tvMListBox::OnMouseMove(int x, int y) {
     if (m_tracking == 0) {
         m_tracking = 1;
-        TrackLeaving(m_hWnd);
+        TrackMouseLeaving(m_hWnd);
     }
     const int hot = HitTest(x, y);
     if (hot != m_hotIndex) {

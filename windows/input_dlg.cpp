@@ -7,6 +7,7 @@
 #include "foundation/textops.h"
 #include "shell/placement.h"
 #include "toolkit/app.h"
+#include "toolkit/control_state.h"
 #include "toolkit/icon_size.h"
 #include "toolkit/rect.h"
 #include "toolkit/theme.h"
@@ -19,16 +20,6 @@ constexpr u16 kEdit1 = 2014;
 constexpr u16 kEdit2 = 2015;
 constexpr u16 kExtra = 2006;
 constexpr i32 kWholeWidth = 100;
-
-tvstring TextOf(const tvWnd& window) {
-    const int length = GetWindowTextLengthW(window.Handle());
-    tvstring text(static_cast<std::size_t>(std::max(length, 0)), u' ');
-    if (length > 0) {
-        const int taken = GetWindowTextW(window.Handle(), Wide(text.data()), length + 1);
-        text.resize(static_cast<std::size_t>(taken));
-    }
-    return text;
-}
 
 void SetText(const tvWnd& window, const tvstring& text) {
     SetWindowTextW(window.Handle(), Wide(text.c_str()));
@@ -152,7 +143,7 @@ void CVMRInputDlg::LoadStoreSize(bool load) const {
 bool CVMRInputDlg::IsComplete() const {
     if (m_AllowEmpty != 0) return true;
     if (m_MultiLine != 0) {
-        tvstring text = TextOf(m_edit1);
+        tvstring text = TextOfWindow(m_edit1.Handle());
         Trim(text, u"\r\n", TRIM_BOTH);
         return !text.empty();
     }
@@ -167,8 +158,8 @@ void CVMRInputDlg::OnUpdateState() {
 // False if what is there is not enough for OK.
 bool CVMRInputDlg::TakeTexts() {
     if (!IsComplete()) return false;
-    m_Text = TextOf(m_edit1);
-    m_Text2 = TextOf(m_edit2);
+    m_Text = TextOfWindow(m_edit1.Handle());
+    m_Text2 = TextOfWindow(m_edit2.Handle());
     return true;
 }
 

@@ -39,6 +39,15 @@ protected:
         ASSERT_TRUE(PumpUntil([this] { return m_Program.Sees(kSaveButton); }));
     }
 
+    // Starts with a file whose master password is "secret".
+    void StartWith(const tvstring& path) {
+        ASSERT_TRUE(m_Program.Start(path));
+        ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+        EnterTexts(u"secret");
+        ASSERT_TRUE(m_Program.WaitForNoDialog());
+        ASSERT_TRUE(PumpUntil([this] { return m_Program.Sees(kRenameButton); }));
+    }
+
     void SaveAs(const tvstring& path, std::u16string_view password, const char16_t* again) {
         Type('S', HOLD_CTRL);
         HWND file = m_Program.WaitForDialog();
@@ -171,10 +180,7 @@ TEST_P(Database, WithUnsavedChangesIsGivenUpOnlyOnYes) {
 TEST_P(Database, GetsItsOldNameBackByUndo) {
     const tvstring path = InFolder(u"a.VMR");
     MakeDatabase(path, u"old", u"secret");
-    ASSERT_TRUE(m_Program.Start(path));
-    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
-    EnterTexts(u"secret");
-    ASSERT_TRUE(m_Program.WaitForNoDialog());
+    StartWith(path);
     m_Program.Choose(u"M");
     HWND dialog = m_Program.WaitForDialog();
     EXPECT_EQ(TextOf(GetDlgItem(dialog, kEdit1)), u"old");
@@ -193,10 +199,7 @@ TEST_P(Database, GetsItsOldMasterPasswordBackByUndoWithAWarning) {
     constexpr COLORREF kOtherGround = RGB(0, 144, 0);
     const tvstring path = InFolder(u"a.VMR");
     MakeDatabase(path, u"name", u"secret");
-    ASSERT_TRUE(m_Program.Start(path));
-    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
-    EnterTexts(u"secret");
-    ASSERT_TRUE(m_Program.WaitForNoDialog());
+    StartWith(path);
     m_Program.Choose(u"P");
     ASSERT_NE(m_Program.WaitForDialog(), nullptr);
     EnterTexts(u"another", u"another");
@@ -215,10 +218,7 @@ TEST_P(Database, GetsItsOldMasterPasswordBackByUndoWithAWarning) {
 TEST_P(Database, CtrlZInAnEditBoxIsTheBoxesOwn) {
     const tvstring path = InFolder(u"a.VMR");
     MakeDatabase(path, u"old", u"secret");
-    ASSERT_TRUE(m_Program.Start(path));
-    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
-    EnterTexts(u"secret");
-    ASSERT_TRUE(m_Program.WaitForNoDialog());
+    StartWith(path);
     m_Program.Choose(u"M");
     ASSERT_NE(m_Program.WaitForDialog(), nullptr);
     EnterTexts(u"new");

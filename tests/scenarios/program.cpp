@@ -42,8 +42,8 @@ HWND Find(DWORD process, bool dialogs, const wchar_t* className = nullptr) {
     return search.found;
 }
 
-// True if the window is in front, has the keyboard and waits for what comes. A foreground that was lost to the desktop,
-// since the display told late of a window that has gone, is given back.
+// True if the window is in front, has the keyboard and waits for what comes. A foreground that was lost to
+// the desktop, since the display told late of a window that has gone, is given back.
 bool IsReady(HWND window) {
     constexpr UINT kLimit = 1000;
     GUITHREADINFO info{};
