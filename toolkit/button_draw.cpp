@@ -1,5 +1,6 @@
 // How a button is painted.
 #include "toolkit/button.h"
+#include "toolkit/mouse_place.h"
 #include "toolkit/statics.h"
 #include "toolkit/theme.h"
 
@@ -8,13 +9,6 @@ namespace {
 constexpr int kInset = 2;  // between the button's edge and its content
 constexpr int kRoundRadius = 10;
 constexpr float kRoundPen = 1.5F;
-
-// What the mouse acts upon is this window.
-bool IsUnderMouse(HWND window) {
-    if (HWND captured = GetCapture()) return captured == window;
-    POINT mouse;
-    return GetCursorPos(&mouse) != FALSE && WindowFromPoint(mouse) == window;
-}
 
 }  // namespace
 

@@ -1,5 +1,7 @@
 #include "toolkit/control_state.h"
 
+#include "toolkit/mouse_place.h"
+
 DWORD StyleOfWindow(HWND window) {
     return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE));
 }
@@ -23,7 +25,7 @@ RECT PlaceInParent(HWND window) {
 
 POINT MouseIn(HWND window) {
     POINT mouse{};
-    GetCursorPos(&mouse);
+    TheMousePlace().Get(mouse);
     ScreenToClient(window, &mouse);
     return mouse;
 }
@@ -34,7 +36,7 @@ bool IsMouseInside(HWND window) {
     if (PtInRect(&client, MouseIn(window)) == FALSE) return false;
     if (HWND captured = GetCapture()) return isPartOf(captured);
     POINT mouse{};
-    return GetCursorPos(&mouse) != FALSE && isPartOf(WindowFromPoint(mouse));
+    return TheMousePlace().Get(mouse) && isPartOf(WindowFromPoint(mouse));
 }
 
 void TrackMouseLeaving(HWND window) {

@@ -1,5 +1,6 @@
 // The window procedure that all wrapped windows share.
 #include "toolkit/app.h"
+#include "toolkit/mouse_place.h"
 #include "toolkit/statics.h"
 #include "toolkit/timer.h"
 #include "toolkit/wnd.h"
@@ -112,6 +113,7 @@ void Finish(HWND handle, UINT message) {
 
 LRESULT CALLBACK tvWnd::SharedProc(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     if (handle == nullptr) return 0;
+    TheMousePlace().ForgetOn(message);
     tvWnd* wnd = FromHandle(handle);
     if (wnd == nullptr && (message == WM_CREATE || message == WM_NCCREATE)) wnd = TakeCreated(handle);
     if (wnd == nullptr) return DefWindowProcW(handle, message, wParam, lParam);
