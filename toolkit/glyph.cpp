@@ -1,10 +1,13 @@
 #include "toolkit/glyph.h"
 
+#include <algorithm>
+#include <array>
 #include <initializer_list>
 
 #include "toolkit/draw.h"
 #include "toolkit/glyph_shapes.h"
 #include "toolkit/rect.h"
+#include "toolkit/smooth_shapes.h"
 
 namespace {
 
@@ -58,36 +61,48 @@ void DrawTriangleGlyph(const GlyphPlace& place) {
                  Heading::Forward);
 }
 
+// The glyphs that take long: of smooth lines and areas, or of many single pixels. They are of one colour.
+struct SlowGlyph {
+    int glyph;
+    void (*paint)(const GlyphPlace& place);
+};
+constexpr std::array<SlowGlyph, 11> kSlowGlyphs = {{
+    {GLYPH_FOLDER, DrawFolderGlyph},
+    {GLYPH_PENCIL, DrawPencilGlyph},
+    {GLYPH_AUTO, DrawAutoGlyph},
+    {GLYPH_DISK, DrawDiskGlyph},
+    {GLYPH_BIN, DrawBinGlyph},
+    {GLYPH_REFRESH, DrawRefreshGlyph},
+    {GLYPH_DOTS, DrawDotsGlyph},
+    {GLYPH_UP, DrawUpGlyph},
+    {GLYPH_DOWN, DrawDownGlyph},
+    {GLYPH_PLAY, DrawPlayGlyph},
+    {GLYPH_HEXAGON, DrawHexagonGlyph},
+}};
+
+bool DrawSlowGlyph(const GlyphPlace& place, int glyph) {
+    const auto* found = std::find_if(kSlowGlyphs.begin(), kSlowGlyphs.end(),
+                                     [glyph](const SlowGlyph& slow) { return slow.glyph == glyph; });
+    if (found == kSlowGlyphs.end()) return false;
+    const tvSmoothShapes::Shape shape{tvSmoothShapes::Shape::Kind::Glyph, {kGlyphBox, kGlyphBox}, glyph, 0};
+    TheSmoothShapes().Draw(place.dc, place.box, shape, place.color,
+                           [found](HDC dc, const RECT& box, COLORREF color) {
+                               found->paint({dc, box, color, CLR_INVALID});
+                           });
+    return true;
+}
+
 }  // namespace
 
 void DrawGlyph(HDC dc, const RECT& rect, int glyph, COLORREF color, COLORREF background) {
     if (!IsColor(color)) return;
     const GlyphPlace place{dc, CenteredBox(rect, kGlyphBox, kGlyphBox), color, background};
+    if (DrawSlowGlyph(place, glyph)) return;
     switch (glyph) {
-        case GLYPH_FOLDER:
-            return DrawFolderGlyph(place);
-        case GLYPH_PENCIL:
-            return DrawPencilGlyph(place);
-        case GLYPH_AUTO:
-            return DrawAutoGlyph(place);
-        case GLYPH_DISK:
-            return DrawDiskGlyph(place);
-        case GLYPH_BIN:
-            return DrawBinGlyph(place);
-        case GLYPH_REFRESH:
-            return DrawRefreshGlyph(place);
-        case GLYPH_DOTS:
-            return DrawDotsGlyph(place);
-        case GLYPH_UP:
-            return DrawUpGlyph(place);
-        case GLYPH_DOWN:
-            return DrawDownGlyph(place);
         case GLYPH_CLOSE:
             return DrawCloseGlyph(place);
         case GLYPH_PAUSE:
             return DrawPauseGlyph(place);
-        case GLYPH_PLAY:
-            return DrawPlayGlyph(place);
         case GLYPH_MINIMISE:
             return DrawMinimiseGlyph(place);
         case GLYPH_MAXIMISE:
@@ -104,8 +119,6 @@ void DrawGlyph(HDC dc, const RECT& rect, int glyph, COLORREF color, COLORREF bac
             return DrawChevronBarGlyph(place, Heading::Backward);
         case GLYPH_TRIANGLE:
             return DrawTriangleGlyph(place);
-        case GLYPH_HEXAGON:
-            return DrawHexagonGlyph(place);
         default:
             return;
     }

@@ -3,6 +3,7 @@
 #include "toolkit/draw.h"
 #include "toolkit/gdiplus.h"
 #include "toolkit/rect.h"
+#include "toolkit/smooth_shapes.h"
 
 namespace {
 
@@ -33,6 +34,52 @@ gdiplus::Path RoundPath(const RECT& rect, int diameter) {
     return path;
 }
 
+using Shape = tvSmoothShapes::Shape;
+
+Shape ShapeOf(Shape::Kind kind, const RECT& rect) {
+    return {kind, {Width(rect), Height(rect)}, 0, 0};
+}
+
+void PaintRoundFill(HDC dc, const RECT& rect, int diameter, COLORREF color) {
+    const gdiplus::Graphics graphics = gdiplus::SmoothGraphics(dc);
+    gdiplus::GdipFillPath(graphics.Get(), gdiplus::SolidBrush(color).Get(), RoundPath(rect, diameter).Get());
+}
+
+void PaintRoundFrame(HDC dc, const RECT& rect, int diameter, COLORREF color, float penWidth) {
+    const gdiplus::Graphics graphics = gdiplus::SmoothGraphics(dc);
+    gdiplus::GdipDrawPath(graphics.Get(), gdiplus::SolidPen(color, penWidth).Get(),
+                          RoundPath(rect, diameter).Get());
+}
+
+void PaintEllipseFill(HDC dc, const RECT& rect, COLORREF color) {
+    gdiplus::GdipFillEllipseI(gdiplus::SmoothGraphics(dc).Get(), gdiplus::SolidBrush(color).Get(), rect.left,
+                              rect.top, Width(rect) - 1, Height(rect) - 1);
+}
+
+void PaintEllipseFrame(HDC dc, const RECT& rect, COLORREF color) {
+    gdiplus::GdipDrawEllipseI(gdiplus::SmoothGraphics(dc).Get(), gdiplus::SolidPen(color, 1).Get(), rect.left,
+                              rect.top, Width(rect) - 1, Height(rect) - 1);
+}
+
+void DrawRoundFrame(HDC dc, const RECT& rect, int diameter, COLORREF color, float penWidth) {
+    Shape shape = ShapeOf(Shape::Kind::RoundFrame, rect);
+    shape.detail = diameter;
+    shape.penWidth = penWidth;
+    TheSmoothShapes().Draw(dc, rect, shape, color, [&](HDC target, const RECT& place, COLORREF ink) {
+        PaintRoundFrame(target, place, diameter, ink, penWidth);
+    });
+}
+
+// The area ends in the middle of the outermost pixels; where there is no frame, a line of its own colour
+// takes it through them.
+void DrawRoundFill(HDC dc, const RECT& rect, int diameter, COLORREF color) {
+    Shape shape = ShapeOf(Shape::Kind::RoundFill, rect);
+    shape.detail = diameter;
+    TheSmoothShapes().Draw(dc, rect, shape, color, [&](HDC target, const RECT& place, COLORREF ink) {
+        PaintRoundFill(target, place, diameter, ink);
+    });
+}
+
 }  // namespace
 
 void RoundRect(HDC dc, const RECT& rect, int radius, COLORREF fill, COLORREF frame, float penWidth) {
@@ -44,29 +91,26 @@ void RoundRect(HDC dc, const RECT& rect, int radius, COLORREF fill, COLORREF fra
         FillEdges(dc, rect, frame, EDGE_ALL, 1);
         return;
     }
-    const gdiplus::Path path = RoundPath(rect, diameter);
-    const gdiplus::Graphics graphics = gdiplus::SmoothGraphics(dc);
     if (IsColor(fill)) {
-        gdiplus::GdipFillPath(graphics.Get(), gdiplus::SolidBrush(fill).Get(), path.Get());
-        // The area ends in the middle of the outermost pixels; a line of its own colour takes it through
-        // them.
+        DrawRoundFill(dc, rect, diameter, fill);
         if (!IsColor(frame)) {
             frame = fill;
             penWidth = 1;
         }
     }
-    gdiplus::GdipDrawPath(graphics.Get(), gdiplus::SolidPen(frame, penWidth).Get(), path.Get());
+    DrawRoundFrame(dc, rect, diameter, frame, penWidth);
 }
 
 void FillEllipse(HDC dc, const RECT& rect, COLORREF color) {
     if (!IsColor(color)) return;
-    gdiplus::GdipFillEllipseI(gdiplus::SmoothGraphics(dc).Get(), gdiplus::SolidBrush(color).Get(), rect.left,
-                              rect.top, Width(rect) - 1, Height(rect) - 1);
-    DrawEllipse(dc, rect, color);  // to the edge of the outermost pixels, as above
+    TheSmoothShapes().Draw(dc, rect, ShapeOf(Shape::Kind::EllipseFill, rect), color,
+                           [](HDC target, const RECT& place, COLORREF ink) {
+                               PaintEllipseFill(target, place, ink);
+                               PaintEllipseFrame(target, place, ink);  // to the edge, as above
+                           });
 }
 
 void DrawEllipse(HDC dc, const RECT& rect, COLORREF color) {
     if (!IsColor(color)) return;
-    gdiplus::GdipDrawEllipseI(gdiplus::SmoothGraphics(dc).Get(), gdiplus::SolidPen(color, 1).Get(), rect.left,
-                              rect.top, Width(rect) - 1, Height(rect) - 1);
+    TheSmoothShapes().Draw(dc, rect, ShapeOf(Shape::Kind::EllipseFrame, rect), color, PaintEllipseFrame);
 }

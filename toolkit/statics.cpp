@@ -3,6 +3,7 @@
 #include "toolkit/button_split.h"
 #include "toolkit/menu_look.h"
 #include "toolkit/menu_map.h"
+#include "toolkit/smooth_shapes.h"
 #include "toolkit/system.h"
 #include "toolkit/theme.h"
 #include "toolkit/tool_tip.h"
@@ -19,6 +20,7 @@ constexpr int kFirst = 1000;
 [[gnu::init_priority(kFirst)]] tvGdiPlus g_GdiPlus;
 [[gnu::init_priority(kFirst)]] tvMenuLook g_MenuLook;
 [[gnu::init_priority(kFirst)]] tvMenuMap g_MenuMap;
+[[gnu::init_priority(kFirst)]] tvSmoothShapes g_SmoothShapes;
 
 }  // namespace
 
@@ -42,4 +44,8 @@ tvMenuLook& TheMenuLook() {
 
 tvMenuMap& TheMenuMap() {
     return g_MenuMap;
+}
+
+tvSmoothShapes& TheSmoothShapes() {
+    return g_SmoothShapes;
 }

@@ -1,6 +1,7 @@
 // The toolkit's own objects that live as long as the process: the theme, the map of windows, the tool tip,
-// GDI+, and what menus share with the map of menus. They are made in this order before the program starts,
-// and go in the reverse one. Each is found by the operation of its own header.
+// GDI+, what menus share with the map of menus, and the smooth shapes that are kept. They are made in this
+// order before the program starts, and go in the reverse one. Each is found by the operation of its own
+// header.
 #pragma once
 
 #include "toolkit/menu_look.h"
