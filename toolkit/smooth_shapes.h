@@ -43,8 +43,8 @@ public:
 
     void Clear();
 
-    static constexpr int kLargest = 64 * 1024;
-    static constexpr std::size_t kMost = 256 * 1024;
+    static constexpr std::size_t kLargest = 65'536;  // a mask has a byte for each pixel
+    static constexpr std::size_t kMost = 262'144;
 
 private:
     using Mask = std::vector<u8>;  // rows from the top; 255 is a pixel that is covered
