@@ -49,7 +49,9 @@ HDC tvMemDC::Prepare(HDC target, int width, int height) {
         m_dc.Reset(CreateCompatibleDC(target));
         SetBkMode(m_dc.Get(), TRANSPARENT);
     }
-    SelectObject(m_dc.Get(), GetCurrentObject(target, OBJ_FONT));
+    // To select a font takes time even if it is there already.
+    const HGDIOBJ font = GetCurrentObject(target, OBJ_FONT);
+    if (GetCurrentObject(m_dc.Get(), OBJ_FONT) != font) SelectObject(m_dc.Get(), font);
     m_usedWidth = std::max(width, 1);
     m_usedHeight = std::max(height, 1);
     if ((m_usedWidth > m_bitmap.m_width || m_usedHeight > m_bitmap.m_height) && !Grow(target)) Reset();
