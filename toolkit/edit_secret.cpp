@@ -62,7 +62,7 @@ void tvEdit::OverwriteText(int length) const {
 void tvEdit::OverwriteUndo(int length) const {
     constexpr int kStep = 16;  // by which blocks grow, with a terminating zero
     constexpr int kFineTo =
-        1024;  // longer texts are no passwords: they take larger steps, or it would take long
+        1024;  // longer texts take larger steps, or it would take long; an end of one may stay
     constexpr int kShare = 8;
     const auto pass = [this](int size) {
         const tvstring filler(static_cast<std::size_t>(size), kFiller);

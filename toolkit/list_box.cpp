@@ -80,7 +80,6 @@ int tvMListBox::AddItem(const tvstring& text, u32 icon, int index, bool makeVisi
         Send(LB_SETTOPINDEX, static_cast<WPARAM>(row));
         m_bulkTop = -1;
     }
-    OnRowsChanged();
     return row;
 }
 
@@ -128,7 +127,7 @@ int tvMListBox::DeleteItem(int row) {
     m_deleting = false;
     if (left < 0) return kError;
     m_items.Remove(item);
-    OnRowsChanged();
+    OnRowsGone();
     if (hadSelection) NotifySelection();
     return left;
 }
@@ -140,13 +139,12 @@ void tvMListBox::DeleteAll() {
     Change(LB_RESETCONTENT, 0, 0);
     m_deleting = false;
     m_items.Clear();
-    OnRowsChanged();
+    OnRowsGone();
     if (hadSelection) NotifySelection();
 }
 
-// Which row is under the mouse shows with its next
-// move.
-void tvMListBox::OnRowsChanged() {
+// Which row is under the mouse shows with its next move.
+void tvMListBox::OnRowsGone() {
     m_hotIndex = -1;
     if (m_measureLater) MeasureAll();
     m_measureLater = false;
@@ -179,9 +177,11 @@ void tvMListBox::EnterBulk() {
 
 void tvMListBox::LeaveBulk() {
     if (m_bulk == 0 || --m_bulk > 0 || m_hWnd == nullptr) return;
-    const bool isNotice = m_bulkChanged;  // a scroll bar that comes or goes has all rows measured, in bulk
+    // A scroll bar that comes or goes in what follows has all rows measured, in bulk.
+    const bool isNotice = m_bulkChanged;
+    const bool wasVisible = m_wasVisible;
     if (m_bulkTop >= 0) Send(LB_SETTOPINDEX, static_cast<WPARAM>(m_bulkTop));
-    if (m_wasVisible) DefWindowProcW(m_hWnd, WM_SETREDRAW, TRUE, 0);
+    if (wasVisible) DefWindowProcW(m_hWnd, WM_SETREDRAW, TRUE, 0);
     Send(WM_SETREDRAW, TRUE);
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
     if (isNotice) StartNotice();

@@ -166,7 +166,7 @@ private:
     };
     [[nodiscard]] Selection GetSelection() const { return {GetSelCount(), GetCurSel()}; }
     [[nodiscard]] bool HasSelection() const;
-    void OnRowsChanged();
+    void OnRowsGone();
 
     int Ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
     int Change(UINT message, WPARAM wParam, LPARAM lParam);

@@ -128,6 +128,7 @@ void tvMListBox::OnGone() {
     m_hotIndex = -1;
     m_tracking = 0;
     m_bulk = 0;
+    m_measureLater = false;
     ResetDrag();
 }
 

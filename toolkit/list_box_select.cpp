@@ -140,10 +140,11 @@ LRESULT tvMListBox::SetSelection(UINT message, WPARAM wParam, LPARAM lParam) {
 // Once a change is known nothing is asked any more.
 LRESULT tvMListBox::SetInBulk(UINT message, WPARAM wParam, LPARAM lParam, int row) {
     if (row >= 0) StayNear(row);
-    const int current = m_bulkChanged ? -1 : GetCurSel();
-    if (row >= 0 && !m_bulkChanged) m_bulkChanged = (GetSel(row) > 0) != (wParam != FALSE);
+    const auto look = [&] { return Selection{row >= 0 ? GetSel(row) : 0, GetCurSel()}; };
+    if (m_bulkChanged) return tvWnd::WindowProc(message, wParam, lParam);
+    const Selection before = look();
     const LRESULT result = tvWnd::WindowProc(message, wParam, lParam);
-    if (!m_bulkChanged) m_bulkChanged = GetCurSel() != current;
+    m_bulkChanged = look() != before;
     return result;
 }
 
@@ -220,7 +221,7 @@ int tvMListBox::FindItem(const tvstring& text, int direction, bool ignoreCase) {
     // What was found stays in sight.
     if (found >= 0) {
         m_bulkTop = -1;
-        Send(LB_SETCARETINDEX, static_cast<WPARAM>(found), FALSE);
+        Send(LB_SETTOPINDEX, static_cast<WPARAM>(found));
     }
     return found;
 }

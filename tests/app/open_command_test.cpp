@@ -1,4 +1,6 @@
 // Opening a database: what is asked, what is told, and what stays when it fails.
+#include <gmock/gmock.h>
+
 #include "foundation/path.h"
 #include "foundation/textfile.h"
 #include "tests/app/command_stage.h"
@@ -261,6 +263,21 @@ TEST_F(OldFormat, WithAWrongPasswordIsToldAsAFailureWithoutTheWarning) {
     ASSERT_EQ(notes.size(), 3U);
     EXPECT_EQ(notes[1].find(Failure(path)), 0U);
     EXPECT_EQ(notes[2], "TOPBAR");
+    EXPECT_FALSE(TheDatabase().m_Opened);
+}
+
+TEST_F(OpenCommand, TellsOfADamagedFileAsOfAWrongPassword) {
+    const tvstring path = MakeFile(u"a.vmr", u"one");
+    {
+        HANDLE file = CreateFileW(Wide(path.c_str()), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+        SetFilePointer(file, -16, nullptr, FILE_END);
+        ASSERT_NE(SetEndOfFile(file), FALSE);
+        CloseHandle(file);
+    }
+    OpenNoting();
+    const DuringModal steps({AnswerWith(u"one")});
+    const Notes notes = NotesOfOpening(path, Quiet::No);
+    EXPECT_THAT(notes, testing::Contains(testing::StartsWith(Failure(path))));
     EXPECT_FALSE(TheDatabase().m_Opened);
 }
 

@@ -153,6 +153,7 @@ class InputThatNeverComes(StreamTest):
             stdout=subprocess.PIPE,
             stderr=subprocess.PIPE,
             env=environment(),
+            preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL),  # a job in the background ignores it
         )
         os.close(reader)
         with process, os.fdopen(writer, "wb") as pipe:

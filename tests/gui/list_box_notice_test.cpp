@@ -19,6 +19,7 @@ TEST_F(MultiListTest, TellsOnceOfAllRowsThatAreFound) {
     EXPECT_EQ(m_List.FindItem(u"Row B", FIND_ALL, false), 1);
     LetNoticesCome();
     EXPECT_EQ(Selected(), (Rows{1, 27}));
+    EXPECT_EQ(m_List.GetCurSel(), 27);
     EXPECT_EQ(Notices(), 1);
 }
 
@@ -49,6 +50,18 @@ TEST_F(MultiListTest, RowsThatComeInABulkAreNoSelecting) {
     {
         const tvMListBox::Bulk bulk(m_List);
         m_List.AddItem(u"First", 0, 0);
+    }
+    LetNoticesCome();
+    EXPECT_EQ(Notices(), 0);
+}
+
+TEST_F(MultiListTest, ABulkInWhichNothingIsSelectedMakesNoNotice) {
+    AddRows(3);
+    Select({1});
+    {
+        const tvMListBox::Bulk bulk(m_List);
+        m_List.SetSel(1, true);
+        m_List.SetSel(99, true);
     }
     LetNoticesCome();
     EXPECT_EQ(Notices(), 0);
