@@ -5,6 +5,7 @@
 
 const CVMRDlg::Command CVMRDlg::kCommands[] = {
     {CMD_FONT, CMD_FONT, Guard::None, &CVMRDlg::ChooseFont},
+    {CMD_ABOUT, CMD_ABOUT, Guard::None, &CVMRDlg::ShowAbout},
     {CMD_HELP, CMD_HELP, Guard::None, &CVMRDlg::ShowHelp},
     {CMD_NEW, CMD_NEW, Guard::Discard, &CVMRDlg::NewDatabase},
     {CMD_OPEN, CMD_OPEN, Guard::Discard, &CVMRDlg::AskAndOpen},

@@ -96,6 +96,7 @@ private:
     void UndoChange(u16 id);
 
     void ChooseFont(u16 id);
+    void ShowAbout(u16 id);
     void ShowHelp(u16 id);
     void ToggleClearClipboard(u16 id);
     void ToggleAutoSave(u16 id);

@@ -1,4 +1,6 @@
 // The commands that change settings.
+#include <memory>
+
 #include "database/database.h"
 #include "foundation/language.h"
 #include "shell/app_data.h"
@@ -7,6 +9,7 @@
 #include "toolkit/common_dialog.h"
 #include "toolkit/message_box.h"
 #include "toolkit/theme.h"
+#include "windows/about_dlg.h"
 #include "windows/main_dlg.h"
 
 // NOLINTBEGIN(readability-convert-member-functions-to-static): all commands are members, for the one table
@@ -14,6 +17,10 @@ void CVMRDlg::ChooseFont(u16) {
     LOGFONTW font{};
     GetObjectW(TheTheme().Font(), sizeof font, &font);
     if (tvCommonDlg::ChooseFont(font)) TheAppData().LoadStoreFont(LoadStore::Store, &font);
+}
+
+void CVMRDlg::ShowAbout(u16) {
+    std::make_unique<CVMRAboutDlg>()->RunModal();
 }
 
 void CVMRDlg::ShowHelp(u16) {
