@@ -60,7 +60,23 @@ protected:
         EXPECT_EQ(FrontDialog(), Window());
         EXPECT_NE(IsWindowEnabled(Window()), FALSE);
     }
-    void LookAtIt(Look look) { Run({See(std::move(look)), Cancel()}); }
+    void LookAtIt(Look look) {
+        std::vector<Step> steps;
+        steps.push_back(See(std::move(look)));
+        steps.push_back(Cancel());
+        Run(std::move(steps));
+    }
+
+    // Clicks on one of its controls; when that has done what it should, the dialog is still there.
+    void ClickAndStay(int id, Step isDone) {
+        std::vector<Step> steps;
+        steps.push_back(See([id](const CVMRAboutDlg& dialog) { Click(GetDlgItem(dialog.Handle(), id)); }));
+        steps.push_back(std::move(isDone));
+        steps.push_back(
+            See([](const CVMRAboutDlg& dialog) { EXPECT_TRUE(IsWindowVisible(dialog.Handle())); }));
+        steps.push_back(Cancel());
+        Run(std::move(steps));
+    }
 
     static RECT Content(const CVMRAboutDlg& dialog) {
         return Inset(ClientOf(dialog.Handle()), TheTheme().m_marginX, TheTheme().m_marginY);
@@ -208,9 +224,7 @@ TEST_F(AboutDialog, ClosesByItsTitleBar) {
 
 TEST_F(AboutDialog, OpensThePageOfTheProductByItsLink) {
     const ShellCalls calls;
-    Run({See([](const CVMRAboutDlg& dialog) { Click(dialog.m_link.Handle()); }),
-         [&calls] { return !calls.Get().empty(); },
-         See([](const CVMRAboutDlg& dialog) { EXPECT_TRUE(IsWindowVisible(dialog.Handle())); }), Cancel()});
+    ClickAndStay(kLink, [&calls] { return !calls.Get().empty(); });
     ASSERT_EQ(calls.Get().size(), 1U);
     EXPECT_EQ(calls.Get()[0].verb, L"(null)");
     EXPECT_TRUE(calls.Get()[0].file.starts_with(L"https://"));
@@ -220,9 +234,7 @@ TEST_F(AboutDialog, OpensThePageOfTheProductByItsLink) {
 
 TEST_F(AboutDialog, HasTheMainWindowOpenTheHelpAndStays) {
     const ShellCalls calls;
-    Run({See([](const CVMRAboutDlg& dialog) { Click(dialog.m_btnHelp.Handle()); }),
-         [this] { return Noting().m_helps == 1; },
-         See([](const CVMRAboutDlg& dialog) { EXPECT_TRUE(IsWindowVisible(dialog.Handle())); }), Cancel()});
+    ClickAndStay(CMD_HELP, [this] { return Noting().m_helps == 1; });
     EXPECT_EQ(Noting().CountCommands(CMD_HELP), 1);
     EXPECT_TRUE(calls.Get().empty());
 }

@@ -330,6 +330,13 @@ TEST_F(RecentListBox, RemovesJustAMissingFileAfterYes) {
     EXPECT_EQ(Height(ListPlace()), height - Height(RowRect(0)));
 }
 
+TEST_F(RecentListBox, RemovesTheMissingFileThoughAnotherRowWasCurrent) {
+    OpenWith(3);
+    List().SetCurSel(0);
+    With({AskedAbout(GonePath(3), IDYES)}, [this] { List().OpenRow(2); });
+    EXPECT_EQ(ShownNames(), "Name 1, Name 2");
+}
+
 TEST_F(RecentListBox, RemovesNothingElseIfTheListChangesWhileTheUserIsAsked) {
     OpenWith(3);
     const Step change = [this] {

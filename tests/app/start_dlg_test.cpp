@@ -260,6 +260,22 @@ TEST_F(StartPage, IsLaidOutAnewInANewFont) {
     platform::DeleteUserTree(u"Software\\Tolvane");
 }
 
+// The page keeps its size then: nothing else would have it laid out.
+TEST_F(StartPage, IsLaidOutAnewInANewFontOfItsOwn) {
+    OpenWith(3);
+    Resize(1200, 870);
+    const LONG button = Height(CreatePlace());
+    tvfont font;
+    font.Set(KeepFont().Doubled());
+    Page().Send(WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);
+    EXPECT_GT(Height(CreatePlace()), button);
+    ExpectOrder();
+    ExpectWithinTheRoom();
+    Page().Send(WM_SETFONT, reinterpret_cast<WPARAM>(TheTheme().Font()), TRUE);
+    EXPECT_EQ(Height(CreatePlace()), button);
+    ExpectOrder();
+}
+
 // So large a font that the buttons alone fill the window.
 TEST_F(StartPage, KeepsOneRowWhereThereIsNoRoomAtAll) {
     const KeepFont keep;
