@@ -324,9 +324,7 @@ struct StyledSheet : Sheet {
 
 class StyledPushButton : public testing::Test {
 protected:
-    void SetUp() override {
-        if (IsAppThemed() == FALSE) GTEST_SKIP() << "the system has no visual style";
-    }
+    void SetUp() override { ASSERT_NE(IsAppThemed(), FALSE) << "the system has no visual style"; }
 };
 
 TEST_F(StyledPushButton, TakesItsGroundFromTheVisualStyle) {
