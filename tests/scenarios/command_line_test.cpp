@@ -35,8 +35,7 @@ TEST_F(CommandLine, OfBlanksAndQuotationMarksOpensTheLastDatabase) {
     AppSettings settings;
     settings.bAutoOpen = 1;
     settings.LoadStoreAutoOpen(LoadStore::Store);
-    ASSERT_TRUE(m_Program.Start(u"\" \""));
-    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+    ASSERT_NE(m_Program.StartAsking(u"\" \""), nullptr);
     EnterTexts(u"secret");
     EXPECT_TRUE(PumpUntil([this] { return m_Program.Sees(kRenameButton); }));
 }

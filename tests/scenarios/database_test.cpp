@@ -41,8 +41,7 @@ protected:
 
     // Starts with a file whose master password is "secret".
     void StartWith(const tvstring& path) {
-        ASSERT_TRUE(m_Program.Start(path));
-        ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+        ASSERT_NE(m_Program.StartAsking(path), nullptr);
         EnterTexts(u"secret");
         ASSERT_TRUE(m_Program.WaitForNoDialog());
         ASSERT_TRUE(PumpUntil([this] { return m_Program.Sees(kRenameButton); }));
@@ -95,8 +94,7 @@ TEST_P(Database, IsOpenedByTheCommandLineTool) {
 
 TEST_P(Database, OfTheCommandLineToolIsOpened) {
     ASSERT_EQ(RunTool(u"new --name Tool", "secret"), 0U);
-    ASSERT_TRUE(m_Program.Start(InFolder(u"a.VMR")));
-    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+    ASSERT_NE(m_Program.StartAsking(InFolder(u"a.VMR")), nullptr);
     EnterTexts(u"secret");
     ASSERT_TRUE(m_Program.WaitForNoDialog());
     EXPECT_TRUE(PumpUntil([this] { return m_Program.Sees(kRenameButton); }));
@@ -132,8 +130,7 @@ TEST_P(Database, IsNotCreatedWhenTheUserCancels) {
 TEST_P(Database, IsOpenedFromTheCommandLine) {
     const tvstring path = InFolder(u"my file.VMR");
     MakeDatabase(path, u"Mine", u"secret");
-    ASSERT_TRUE(m_Program.Start(tvstring(u"\"").append(path).append(u"\"")));
-    HWND dialog = m_Program.WaitForDialog();
+    HWND dialog = m_Program.StartAsking(tvstring(u"\"").append(path).append(u"\""));
     ASSERT_NE(GetDlgItem(dialog, kEdit1), nullptr);
     EnterTexts(u"secret");
     ASSERT_TRUE(m_Program.WaitForNoDialog());
@@ -144,8 +141,7 @@ TEST_P(Database, IsOpenedFromTheCommandLine) {
 TEST_P(Database, StaysClosedWithAWrongPassword) {
     const tvstring path = InFolder(u"a.VMR");
     MakeDatabase(path, u"Mine", u"secret");
-    ASSERT_TRUE(m_Program.Start(path));
-    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+    ASSERT_NE(m_Program.StartAsking(path), nullptr);
     EnterTexts(u"wrong");
     ASSERT_TRUE(m_Program.WaitForNoDialog());
     EXPECT_FALSE(m_Program.Sees(kRenameButton));

@@ -67,8 +67,7 @@ TEST_P(Open, AFileOfAnotherKindDoesNothing) {
 }
 
 TEST_P(Open, AFileThatAnotherWindowHasOpenIsToldOf) {
-    ASSERT_TRUE(m_Program.Start(m_File));
-    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+    ASSERT_NE(m_Program.StartAsking(m_File), nullptr);
     EnterTexts(u"secret");
     ASSERT_TRUE(PumpUntil([this] { return m_Program.Sees(kRenameButton); }));
 
@@ -82,8 +81,7 @@ TEST_P(Open, AFileThatAnotherWindowHasOpenIsToldOf) {
 }
 
 TEST_P(Open, AFileThatAnotherWindowHasOpenIsPassedOverOnTheCommandLine) {
-    ASSERT_TRUE(m_Program.Start(m_File));
-    ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+    ASSERT_NE(m_Program.StartAsking(m_File), nullptr);
     EnterTexts(u"secret");
     ASSERT_TRUE(PumpUntil([this] { return m_Program.Sees(kRenameButton); }));
 

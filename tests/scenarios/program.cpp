@@ -1,5 +1,7 @@
 #include "tests/scenarios/program.h"
 
+#include <sstream>
+
 #include "foundation/path.h"
 
 namespace {
@@ -42,8 +44,8 @@ HWND Find(DWORD process, bool dialogs, const wchar_t* className = nullptr) {
     return search.found;
 }
 
-// True if the window is in front, has the keyboard and waits for what comes. A foreground that was lost to
-// the desktop, since the display told late of a window that has gone, is given back.
+// True if the window is in front, has the keyboard, waits for what comes and takes it. A foreground that was
+// lost to the desktop, since the display told late of a window that has gone, is given back.
 bool IsReady(HWND window) {
     constexpr UINT kLimit = 1000;
     GUITHREADINFO info{};
@@ -54,7 +56,29 @@ bool IsReady(HWND window) {
     GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
     const bool hasKeyboard = info.hwndFocus == window || IsChild(window, info.hwndFocus) != FALSE;
     DWORD_PTR answer = 0;
-    return hasKeyboard && SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, kLimit, &answer) != 0;
+    return hasKeyboard && SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, kLimit, &answer) != 0 &&
+           IsWindowEnabled(window) != FALSE;
+}
+
+// What stands in the way of a window, for the message of a test.
+std::string Describe(HWND window) {
+    std::ostringstream text;
+    const auto tell = [&text](const char* role, HWND which) {
+        char caption[64] = {};
+        char name[64] = {};
+        if (which != nullptr) {
+            GetWindowTextA(which, caption, static_cast<int>(std::size(caption)));
+            GetClassNameA(which, name, static_cast<int>(std::size(name)));
+        }
+        text << "; " << role << ": " << which << " " << name << " \"" << caption << "\"";
+    };
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
+    tell("wanted", window);
+    tell("in front", GetForegroundWindow());
+    tell("with the keyboard", info.hwndFocus);
+    return text.str();
 }
 
 HMENU OpenMenu(DWORD process) {
@@ -74,7 +98,7 @@ void ForEachPixel(HWND window, Take take) {
             take(display.At(x, y));
 }
 
-PROCESS_INFORMATION Launch(const tvstring& program, const tvstring& arguments) {
+PROCESS_INFORMATION CreateProcessOf(const tvstring& program, const tvstring& arguments) {
     tvstring command = u"\"";
     const bool isWhole = program.find(u'\\') != tvstring::npos;
     command.append(isWhole ? program : ProgramPath(program.c_str())).append(u"\" ").append(arguments);
@@ -127,19 +151,28 @@ bool Program::Start(const tvstring& arguments) {
 }
 
 bool Program::StartCopy(const tvstring& program, const tvstring& arguments) {
+    if (!Launch(program, arguments)) return false;
+    Activate();
+    return true;
+}
+
+HWND Program::StartAsking(const tvstring& arguments) {
+    return Launch(u"vaultmere.exe", arguments) ? WaitForDialog() : nullptr;
+}
+
+bool Program::Launch(const tvstring& program, const tvstring& arguments) {
     constexpr int kStartLimit = 20000;
     if (m_Process != nullptr) CloseHandle(m_Process);
-    const PROCESS_INFORMATION process = Launch(program, arguments);
+    const PROCESS_INFORMATION process = CreateProcessOf(program, arguments);
     m_Process = process.hProcess;
     m_Id = process.dwProcessId;
     const bool isThere = PumpUntil([this] { return (m_Main = Find(m_Id, false)) != nullptr; }, kStartLimit);
     EXPECT_TRUE(isThere) << "no main window comes";
-    if (isThere && Dialog() == nullptr) Activate();
     return isThere;
 }
 
 DWORD Program::Run(const tvstring& program, const tvstring& arguments) {
-    const PROCESS_INFORMATION process = Launch(program, arguments);
+    const PROCESS_INFORMATION process = CreateProcessOf(program, arguments);
     WaitForSingleObject(process.hProcess, INFINITE);
     DWORD code = 0;
     GetExitCodeProcess(process.hProcess, &code);
@@ -171,7 +204,7 @@ HWND Program::WaitForDialog(int limit) const {
         dialog = Dialog();
         return dialog != nullptr && IsReady(dialog);
     };
-    EXPECT_TRUE(PumpUntil(isThere, limit)) << "no dialog comes";
+    EXPECT_TRUE(PumpUntil(isThere, limit)) << "no dialog comes" << Describe(dialog);
     return dialog;
 }
 

@@ -13,9 +13,14 @@ public:
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    // Starts it with these arguments and waits for its main window, which then is in front. False, with a
-    // failure of the test, if none comes.
+    // Starts it with these arguments and waits for its main window, which then is in front and asks nothing.
+    // False, with a failure of the test, if none comes.
     bool Start(const tvstring& arguments = {});
+
+    // Starts it with arguments that make it ask something at once; gives the dialog that asks. (To bring the
+    // main window to the front meanwhile would take the keyboard from that dialog.) Null, with a failure of
+    // the test, if none comes.
+    HWND StartAsking(const tvstring& arguments);
 
     // The same for a copy of the program in another folder.
     bool StartCopy(const tvstring& program, const tvstring& arguments = {});
@@ -53,6 +58,8 @@ public:
     [[nodiscard]] bool Quit();
 
 private:
+    bool Launch(const tvstring& program, const tvstring& arguments);
+
     HANDLE m_Process = nullptr;
     DWORD m_Id = 0;
     HWND m_Main = nullptr;
