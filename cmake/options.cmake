@@ -19,6 +19,9 @@ if(WIN32)
   # program.
   add_compile_options(-fstack-protector-strong)
   add_link_options(-fstack-protector-strong -Wl,--nxcompat -Wl,--dynamicbase)
+  # The same sources give the same bytes, wherever and whenever they are built.
+  add_compile_options(-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=)
+  add_link_options(-Wl,--no-insert-timestamp)
   if(CMAKE_SIZEOF_VOID_P EQUAL 8)
     add_link_options(-Wl,--high-entropy-va)
   endif()
