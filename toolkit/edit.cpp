@@ -10,6 +10,7 @@
 namespace {
 
 constexpr DWORD kScrollBars = WS_VSCROLL | WS_HSCROLL;
+constexpr DWORD kEdges = WS_EX_WINDOWEDGE | WS_EX_CLIENTEDGE | WS_EX_STATICEDGE;
 
 bool IsSelectAll(WPARAM key) {
     return key == 'A' && GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0;
@@ -43,6 +44,16 @@ void tvEdit::OnSubclassed() {
     NoteLength();
     if (!ActiveCue().text.empty()) SendCue();
     FitHeight();
+    AttachScrollBox();
+}
+
+void tvEdit::AttachScrollBox() {
+    if (m_useScrollBox == 0 || !TheTheme().m_ready || TheTheme().m_isSystemDefault) return;
+    const bool hasFrame =
+        HasStyle(m_hWnd, kScrollBars | WS_BORDER) || (ExStyleOfWindow(m_hWnd) & kEdges) != 0;
+    if (!hasFrame) return;
+    m_scrollBox.m_frameFollowsHot = 1;
+    m_scrollBox.Attach(m_hWnd);
 }
 
 // --- Messages ---
@@ -50,9 +61,12 @@ void tvEdit::OnSubclassed() {
 LRESULT tvEdit::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
     if (OnThemeMessage(m_hWnd, message, wParam, lParam, result)) return result;
+    if (message == WM_NCCALCSIZE) m_frameReady = 1;
+    if (m_scrollBox.BeforeControl(message, wParam, lParam, result)) return result;
     if (BeforeDefault(message, wParam, lParam, result)) return result;
     result = tvWnd::WindowProc(message, wParam, lParam);
     AfterDefault(message);
+    m_scrollBox.AfterControl(message);
     return result;
 }
 
@@ -67,13 +81,7 @@ bool tvEdit::BeforeDefault(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& 
             PaintCue();
             return true;
         case WM_NCPAINT:
-            if (TheTheme().m_isSystemDefault) return false;
-            if (HasStyle(m_hWnd, kScrollBars)) tvWnd::WindowProc(message, wParam, lParam);
-            PaintFrame();
-            return true;
-        case WM_NCCALCSIZE:
-            m_frameReady = 1;
-            return false;
+            return OnFramePaint(wParam, lParam);
         case WM_MOUSEMOVE:
             OnMouseInside();
             return false;
@@ -107,7 +115,7 @@ void tvEdit::AfterDefault(UINT message) {
             break;
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
-            if (!TheTheme().m_isSystemDefault) PaintFrame();
+            RefreshFrame();
             InvalidateCue();
             break;
         case WM_SETTEXT:
@@ -160,6 +168,30 @@ bool tvEdit::IsFrameActive() const {
     return GetFocus() == m_hWnd || IsMouseInside(m_hWnd);
 }
 
+// True if the frame is painted. In a scroll box there is none; what the system makes of the first request
+// then still is to be taken from it.
+bool tvEdit::OnFramePaint(WPARAM wParam, LPARAM lParam) {
+    constexpr UINT kRefresh = SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED;
+    if (m_scrollBox.IsActive()) {
+        if (m_frameReady == 0) SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0, kRefresh);
+        return true;
+    }
+    if (TheTheme().m_isSystemDefault) return false;
+    if (HasStyle(m_hWnd, kScrollBars)) tvWnd::WindowProc(WM_NCPAINT, wParam, lParam);
+    PaintFrame();
+    return true;
+}
+
+// Mouse or keyboard have come or gone. A scroll box looks when the control is painted, however little of it.
+void tvEdit::RefreshFrame() {
+    constexpr RECT kPixel{0, 0, 1, 1};
+    if (m_scrollBox.IsActive()) {
+        InvalidateRect(m_hWnd, &kPixel, FALSE);
+    } else if (!TheTheme().m_isSystemDefault) {
+        PaintFrame();
+    }
+}
+
 void tvEdit::PaintFrame() const {
     const tvTheme& theme = TheTheme();
     const COLORREF frame = IsFrameActive() ? theme.m_borderActive : theme.m_border;
@@ -174,23 +206,26 @@ void tvEdit::OnMouseInside() {
     if (m_tracking != 0) return;
     m_tracking = 1;
     TrackMouseLeaving(m_hWnd);
-    if (!TheTheme().m_isSystemDefault) PaintFrame();
+    RefreshFrame();
 }
 
 void tvEdit::OnMouseGone() {
     m_tracking = 0;
-    if (!TheTheme().m_isSystemDefault) PaintFrame();
+    RefreshFrame();
 }
 
 void tvEdit::FitHeight() {
     if (!IsAttached() || m_autoHeight < 0 || HasStyle(m_hWnd, ES_MULTILINE)) return;
+    const HWND outer = m_scrollBox.IsActive() ? m_scrollBox.Handle() : m_hWnd;
     RECT now{};
-    GetWindowRect(m_hWnd, &now);
+    GetWindowRect(outer, &now);
     RECT frame{};
     AdjustWindowRectEx(&frame, StyleOfWindow(m_hWnd), FALSE, ExStyleOfWindow(m_hWnd));
-    const int height = WantedHeight() + Height(frame);
+    RECT boxFrame{};
+    if (m_scrollBox.IsActive()) m_scrollBox.GetFrame(boxFrame);
+    const int height = WantedHeight() + Height(frame) + static_cast<int>(boxFrame.top + boxFrame.bottom);
     if (height == Height(now)) return;
-    SetWindowPos(m_hWnd, nullptr, 0, 0, Width(now), height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(outer, nullptr, 0, 0, Width(now), height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // Of the client area.

@@ -7,6 +7,7 @@
 
 #include "foundation/tvstring.h"
 #include "toolkit/color_theme.h"
+#include "toolkit/scroll_box.h"
 #include "toolkit/theme_control.h"
 #include "toolkit/wnd.h"
 
@@ -46,20 +47,23 @@ public:
 
     // --- Fields, in their order ---
 
-    u8 m_tracking = 0;     // the window will be told when the mouse leaves
-    u8 m_frameReady = 0;   // the frame has been measured once
-    int m_baseHeight = 0;  // of the client area when the wrapper got its window, in pixels
+    tvScrollBox m_scrollBox;  // around the control, with its frame; not under System Default
+    u8 m_tracking = 0;        // the window will be told when the mouse leaves
+    u8 m_frameReady = 0;      // the frame has been measured once
+    int m_baseHeight = 0;     // of the client area when the wrapper got its window, in pixels
     tvstring m_cue;
     u8 m_cueOnFocus = 1;
     COLORREF m_cueColor = kUsualCueColor;
     tvstring m_tempCue;
     u8 m_tempCueOnFocus = 1;
     COLORREF m_tempCueColor = kUsualCueColor;
-    int m_autoHeight = 0;  // below 0: never fitted to the font; 1: exactly; else not below m_baseHeight
+    int m_autoHeight = 0;   // below 0: never fitted to the font; 1: exactly; else not below m_baseHeight
+    u8 m_useScrollBox = 1;  // the control gets a scroll box with its window
 
 private:
     static constexpr COLORREF kUsualCueColor = 0xFF000000;  // text_gray
 
+    void AttachScrollBox();
     bool BeforeDefault(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     void AfterDefault(UINT message);
     [[nodiscard]] bool IsGray() const;
@@ -79,6 +83,8 @@ private:
 
     // The frame.
     void PaintFrame() const;
+    void RefreshFrame();
+    bool OnFramePaint(WPARAM wParam, LPARAM lParam);
     void OnMouseInside();
     void OnMouseGone();
     [[nodiscard]] bool IsFrameActive() const;

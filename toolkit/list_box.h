@@ -11,6 +11,7 @@
 #include "foundation/tvstring.h"
 #include "toolkit/color_theme.h"
 #include "toolkit/list_queue.h"
+#include "toolkit/scroll_box.h"
 #include "toolkit/theme_control.h"
 #include "toolkit/timer.h"
 #include "toolkit/wnd.h"
@@ -121,6 +122,7 @@ public:
 
     // --- Fields, in their order ---
 
+    tvScrollBox m_scrollBox;  // around the list, with its frame; not under System Default
     tvWndTimer m_selTimer;    // delays the notice of a selection that was set
     tvMemDC m_measureDC;      // with the list's font
     u8 m_internalChange = 0;  // the class itself changes the rows

@@ -45,15 +45,18 @@ void tvMListBox::OnSubclassed() {
     m_lastHeight = client.bottom;
     ResetDrag();
     OnFontSet();
+    if (TheTheme().m_ready && !TheTheme().m_isSystemDefault) m_scrollBox.Attach(m_hWnd);
 }
 
 LRESULT tvMListBox::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
     if (OnThemeMessage(m_hWnd, message, wParam, lParam, result)) return result;
     if (m_internalChange == 0 && ChangesRows(message)) return LB_ERR;
+    if (m_scrollBox.BeforeControl(message, wParam, lParam, result)) return result;
     if (BeforeDefault(message, wParam, lParam, result)) return result;
     result = tvWnd::WindowProc(message, wParam, lParam);
     AfterDefault(message, lParam);
+    m_scrollBox.AfterControl(message);
     return result;
 }
 
