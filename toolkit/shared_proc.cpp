@@ -28,7 +28,7 @@ bool ReflectDrawItem(LPARAM lParam, LRESULT& result) {
 
 tvWnd* MeasuredControl(HWND parent, int id) {
     tvWnd* known = TheWndMap().m_measured;
-    if (known != nullptr && GetDlgCtrlID(known->Handle()) == id && GetParent(known->Handle()) == parent)
+    if (known != nullptr && GetDlgCtrlID(known->Handle()) == id && IsChild(parent, known->Handle()))
         return known;
     return tvWnd::FromHandle(tvWnd::FindDescendant(parent, id));
 }

@@ -62,8 +62,11 @@ void Lists::Wrap(HWND dialog) {
     focused.SetSel(2, true);
     PosedList& lines = m_Lists[LIST_LINES];
     for (const char16_t* text : {u"A row that is too long for its place is broken into lines\tA note",
-                                 u"The mouse is over this row", u"The third row", u"The last row"})
+                                 u"The mouse is over this row", u"The third row"})
         lines.AddItem(text);
+    constexpr int kMore = 12;  // than there is room for
+    for (int i = 0; i < kMore; ++i)
+        lines.AddItem(u"A row behind the others");
     lines.m_hotIndex = 1;
     FillMenu();
     m_MenuSheet.SubclassDlgItem(dialog, kMenuSheet);

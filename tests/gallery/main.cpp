@@ -57,7 +57,8 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int) {
     const int theme = options.theme.empty() ? TheTheme().DefaultIndex() : TheTheme().FindTheme(options.theme);
     if (!options.good || theme < 0) return kBadArguments;
     tvBaseApp app;
-    TheTheme().Apply(theme);
+    // Scroll boxes are not made under System Default.
+    TheTheme().Apply(options.pictures.empty() ? theme : 0);
     if (!options.pictures.empty()) PinFont();
     GalleryDialog gallery;
     app.m_mainWnd = &gallery;

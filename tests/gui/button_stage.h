@@ -172,6 +172,13 @@ inline RECT PlaceIn(HWND parent, HWND window) {
     return rect;
 }
 
+// The window that stands for a control in its dialog: the scroll box around it, if there is one.
+inline HWND OuterOf(HWND dialog, HWND control) {
+    while (control != nullptr && GetAncestor(control, GA_PARENT) != dialog)
+        control = GetAncestor(control, GA_PARENT);
+    return control;
+}
+
 // The rectangle that holds all pixels of a colour; empty if there are none.
 inline RECT Extent(const Picture& picture, COLORREF color) {
     RECT found{};

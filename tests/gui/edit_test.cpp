@@ -125,9 +125,9 @@ TEST_P(ColoredEdit, ShowsNoMouseThatAnotherWindowHasToItself) {
 
 TEST_P(ColoredEdit, KeepsItsScrollBarInsideTheFrame) {
     EditStage stage(GetParam(), ES_MULTILINE | WS_VSCROLL);
-    const int width = Width(WindowRectOf(stage.Window()));
+    const int width = Width(WindowRectOf(stage.Outer()));
     EXPECT_EQ(stage.PixelOfWindow(width - 1, 8), TheTheme().m_border);
-    EXPECT_EQ(stage.PixelOfWindow(width - 2, 8), TheTheme().m_editBg);
+    EXPECT_EQ(stage.PixelOfWindow(width - 2, 8), TheTheme().m_base);
     int others = 0;  // of the bar
     for (int x = width - 12; x < width - 3; ++x)
         others += stage.PixelOfWindow(x, 8) != TheTheme().m_editBg ? 1 : 0;
@@ -155,11 +155,13 @@ TEST(EditFrame, IsReadyOnceItWasMeasured) {
 
 // --- The height ---
 
-int FrameHeight(HWND window) {
+// Above and below the client area, that of a scroll box included.
+int FrameHeight(const EditStage& stage) {
+    HWND window = stage.Window();
     RECT frame{};
     AdjustWindowRectEx(&frame, StyleOf(window), FALSE,
                        static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE)));
-    return Height(frame);
+    return Height(frame) + (stage.input.m_scrollBox.IsActive() ? 4 : 0);
 }
 
 int TextTop(HWND window) {
@@ -170,7 +172,7 @@ int TextTop(HWND window) {
 
 int ExactHeight(const EditStage& stage) {
     const int margin = std::min(TextTop(stage.Window()), 2) + 2;
-    return TheTheme().TextHeight(stage.input.m_font, nullptr) + 2 * margin + FrameHeight(stage.Window());
+    return TheTheme().TextHeight(stage.input.m_font, nullptr) + 2 * margin + FrameHeight(stage);
 }
 
 void Resize(HWND window, int width, int height) {
@@ -181,7 +183,7 @@ TEST_P(Edit, FitsItsHeightToTheFontExactly) {
     EditStage stage(GetParam(), 0, [](tvEdit& edit) { edit.m_autoHeight = 1; });
     for (const int height : {10, 90}) {
         Resize(stage.Window(), 111, height);
-        const RECT rect = WindowRectOf(stage.Window());
+        const RECT rect = WindowRectOf(stage.Outer());
         EXPECT_EQ(Height(rect), ExactHeight(stage));
         EXPECT_EQ(Width(rect), 111);
     }
@@ -189,30 +191,29 @@ TEST_P(Edit, FitsItsHeightToTheFontExactly) {
 
 TEST_P(Edit, FitsItsHeightToALargerFont) {
     EditStage stage(GetParam(), 0, [](tvEdit& edit) { edit.m_autoHeight = 1; });
-    const int before = Height(WindowRectOf(stage.Window()));
+    const int before = Height(WindowRectOf(stage.Outer()));
     stage.input.Send(WM_SETFONT, reinterpret_cast<WPARAM>(TheTheme().m_fontLarge.Get()), TRUE);
-    EXPECT_GT(Height(WindowRectOf(stage.Window())), before);
-    EXPECT_EQ(Height(WindowRectOf(stage.Window())), ExactHeight(stage));
+    EXPECT_GT(Height(WindowRectOf(stage.Outer())), before);
+    EXPECT_EQ(Height(WindowRectOf(stage.Outer())), ExactHeight(stage));
 }
 
 TEST_P(Edit, IsNotLowerThanItWasAtFirst) {
     EditStage stage(GetParam());
     stage.input.m_baseHeight = 60;
     Resize(stage.Window(), 100, 10);
-    EXPECT_EQ(Height(WindowRectOf(stage.Window())),
-              60 + TextTop(stage.Window()) + FrameHeight(stage.Window()));
+    EXPECT_EQ(Height(WindowRectOf(stage.Outer())), 60 + TextTop(stage.Window()) + FrameHeight(stage));
     stage.input.m_baseHeight = 1;
     Resize(stage.Window(), 100, 10);
-    EXPECT_EQ(Height(WindowRectOf(stage.Window())), ExactHeight(stage));
+    EXPECT_EQ(Height(WindowRectOf(stage.Outer())), ExactHeight(stage));
 }
 
 TEST_P(Edit, KeepsTheHeightThatItIsGivenIfItIsNotToFit) {
     EditStage stage(GetParam(), 0, [](tvEdit& edit) { edit.m_autoHeight = -1; });
     Resize(stage.Window(), 100, 51);
-    EXPECT_EQ(Height(WindowRectOf(stage.Window())), 51);
+    EXPECT_EQ(Height(WindowRectOf(stage.Outer())), 51);
     EditStage lines(GetParam(), ES_MULTILINE, [](tvEdit& edit) { edit.m_autoHeight = 1; });
     Resize(lines.Window(), 100, 51);
-    EXPECT_EQ(Height(WindowRectOf(lines.Window())), 51);
+    EXPECT_EQ(Height(WindowRectOf(lines.Outer())), 51);
 }
 
 TEST(EditHeight, AtFirstIsThatOfTheClientArea) {

@@ -35,10 +35,11 @@ public:
         Settle(dialog.Handle());
         return Picture(input.Handle());
     }
+    [[nodiscard]] HWND Outer() const { return OuterOf(dialog.Handle(), input.Handle()); }
     // The control with its frame.
     [[nodiscard]] COLORREF PixelOfWindow(int x, int y) const {
         Settle(dialog.Handle());
-        const RECT place = PlaceIn(dialog.Handle(), input.Handle());
+        const RECT place = PlaceIn(dialog.Handle(), Outer());
         return PixelAt(dialog.Handle(), place.left + x, place.top + y);
     }
 

@@ -55,6 +55,15 @@ protected:
         m_Drawn.OnDraw(canvas->Dc(), {0, 0, Width(rect), Height(rect)}, &state);
         return canvas;
     }
+    // So many pixels into the list with its frame, from the top left.
+    [[nodiscard]] COLORREF CornerPixel(int inset) const {
+        Settle(m_Dialog.Handle());
+        RECT window{};
+        GetWindowRect(OuterOf(m_Dialog.Handle(), Window()), &window);
+        const tvClientDC screen(nullptr);
+        return GetPixel(screen.Get(), static_cast<int>(window.left) + inset,
+                        static_cast<int>(window.top) + inset);
+    }
     // Extent of a colour, of the row drawn last, from a column on.
     [[nodiscard]] RECT InkOf(const Canvas& canvas, COLORREF color, int left = 0) const {
         RECT found{};
@@ -263,13 +272,19 @@ TEST_F(ListDraw, FollowsAThemeThatIsChosen) {
 
 TEST_F(ListDraw, HasAFrameInTheThemesColours) {
     m_DrawnDialog.Close();
-    RECT window{};
-    GetWindowRect(Window(), &window);
-    Settle(m_Dialog.Handle());
-    POINT at{window.left, window.top};
-    const tvClientDC screen(nullptr);
-    EXPECT_EQ(GetPixel(screen.Get(), at.x, at.y), TheTheme().m_border);
-    EXPECT_EQ(GetPixel(screen.Get(), at.x + 1, at.y + 1), TheTheme().m_base);
+    EXPECT_EQ(CornerPixel(0), TheTheme().m_border);
+    EXPECT_EQ(CornerPixel(1), TheTheme().m_editBg);
+}
+
+TEST_F(ListDraw, HasItsOwnFrameWithoutAScrollBox) {
+    UseTheme(kSystem, m_Dialog.Handle());
+    m_DrawnDialog.Close();
+    m_Dialog.Close();
+    m_Dialog.Open();
+    UseTheme(kDark, m_Dialog.Handle());
+    ASSERT_FALSE(m_List.m_scrollBox.IsAttached());
+    EXPECT_EQ(CornerPixel(0), TheTheme().m_border);
+    EXPECT_EQ(CornerPixel(1), TheTheme().m_base);
 }
 
 TEST_F(ListDraw, LightsTheRowUnderTheMouse) {

@@ -130,7 +130,8 @@ TEST_P(SpinDraw, LooksJoinedToItsBuddy) {
     const tvTheme& theme = TheTheme();
     for (const DWORD side : {DWORD{UDS_ALIGNRIGHT}, DWORD{UDS_ALIGNLEFT}}) {
         Make(side, true, 0);
-        const RECT edit = PlaceIn(m_Dialog.Handle(), m_Edit.Handle());
+        HWND buddy = OuterOf(m_Dialog.Handle(), m_Edit.Handle());
+        const RECT edit = PlaceIn(m_Dialog.Handle(), buddy);
         const int seam = side == UDS_ALIGNRIGHT ? edit.right - 2 : edit.left + 2;
         const int middle = edit.top + 11;
         for (int x = seam - 2; x < seam + 2; ++x) {
@@ -139,7 +140,7 @@ TEST_P(SpinDraw, LooksJoinedToItsBuddy) {
             EXPECT_EQ(AtDialog(x, edit.bottom - 1), theme.m_border) << x - seam;
         }
         m_Spin.Detach(tvWnd::Window::Destroy);
-        SetWindowRgn(m_Edit.Handle(), nullptr, FALSE);
+        SetWindowRgn(buddy, nullptr, FALSE);
     }
 }
 

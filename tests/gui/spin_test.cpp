@@ -29,6 +29,7 @@ protected:
         m_Spin.OnAutoFit();
         Settle(m_Dialog.Handle());
     }
+    [[nodiscard]] HWND Buddy() const { return OuterOf(m_Dialog.Handle(), m_Edit.Handle()); }
     [[nodiscard]] RECT PlaceOf(HWND window) const { return PlaceIn(m_Dialog.Handle(), window); }
     [[nodiscard]] static PixelSize Units() { return DialogUnitsToPixels(TheTheme().Font(), 10, 14); }
 
@@ -67,7 +68,7 @@ TEST_P(Spin, WithoutABuddyTakesItsSizeFromTheFont) {
 
 TEST_P(Spin, LiesAtTheRightOfItsBuddy) {
     Join(UDS_ALIGNRIGHT);
-    const RECT edit = PlaceOf(m_Edit.Handle());
+    const RECT edit = PlaceOf(Buddy());
     EXPECT_EQ(edit.left, 100);
     EXPECT_EQ(Width(edit), 80);
     EXPECT_EQ(PlaceOf(m_Spin.Handle()), BoxAt(178, 60, Units().x, Height(edit)));
@@ -75,7 +76,7 @@ TEST_P(Spin, LiesAtTheRightOfItsBuddy) {
 
 TEST_P(Spin, LiesAtTheLeftOfItsBuddyWhichMakesRoom) {
     Join(UDS_ALIGNLEFT);
-    const RECT edit = PlaceOf(m_Edit.Handle());
+    const RECT edit = PlaceOf(Buddy());
     EXPECT_EQ(edit.left, 100 + Units().x);
     EXPECT_EQ(Width(edit), 80);
     EXPECT_EQ(PlaceOf(m_Spin.Handle()), BoxAt(102, 60, Units().x, Height(edit)));
@@ -84,9 +85,9 @@ TEST_P(Spin, LiesAtTheLeftOfItsBuddyWhichMakesRoom) {
 TEST_P(Spin, CutsItsBuddysFrameWhereTheyTouch) {
     for (const DWORD side : {DWORD{UDS_ALIGNRIGHT}, DWORD{UDS_ALIGNLEFT}}) {
         Join(side);
-        const RECT edit = PlaceOf(m_Edit.Handle());
+        const RECT edit = PlaceOf(Buddy());
         RECT box{};
-        EXPECT_EQ(GetWindowRgnBox(m_Edit.Handle(), &box), SIMPLEREGION);
+        EXPECT_EQ(GetWindowRgnBox(Buddy(), &box), SIMPLEREGION);
         const bool atLeft = side == UDS_ALIGNLEFT;
         EXPECT_EQ(box, (RECT{atLeft ? 2 : 0, 0, Width(edit) - (atLeft ? 0 : 2), Height(edit)}));
         m_Spin.Detach(tvWnd::Window::Destroy);
@@ -95,12 +96,12 @@ TEST_P(Spin, CutsItsBuddysFrameWhereTheyTouch) {
 
 TEST_P(Spin, ThatIsNotAlignedTakesButItsBuddysHeight) {
     Join(0);
-    const RECT edit = PlaceOf(m_Edit.Handle());
+    const RECT edit = PlaceOf(Buddy());
     MoveWindow(m_Spin.Handle(), 7, 8, 90, 90, TRUE);
     m_Spin.OnAutoFit();
     EXPECT_EQ(PlaceOf(m_Spin.Handle()), BoxAt(7, static_cast<int>(edit.top), Units().x, Height(edit)));
     RECT box{};
-    EXPECT_EQ(GetWindowRgnBox(m_Edit.Handle(), &box), ERROR);
+    EXPECT_EQ(GetWindowRgnBox(Buddy(), &box), ERROR);
 }
 
 TEST_P(Spin, LiesAgainstTheWindowThatHoldsItsBuddy) {
