@@ -49,7 +49,8 @@ protected:
         return m_Dialog->RunModal();
     }
 
-    [[nodiscard]] HWND Item(int id) const { return GetDlgItem(m_Dialog->Handle(), id); }
+    // The control itself, not the scroll box around it.
+    [[nodiscard]] HWND Item(int id) const { return tvWnd::FindDescendant(m_Dialog->Handle(), id); }
     [[nodiscard]] bool IsOkEnabled() const { return IsWindowEnabled(Item(IDOK)) != FALSE; }
 
     // As the user does it: boxes of several lines tell nothing of a text that is set.

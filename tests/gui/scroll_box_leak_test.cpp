@@ -46,8 +46,11 @@ TEST_F(ScrollBoxLeak, IsNoneOfBoxesOfListsThatComeAndGo) {
     ExpectNothingLeft(GrowthOver(kRounds, [this] {
         tvMListBox list;
         list.SubclassWindow(Make(L"LISTBOX", kListStyle));
-        for (int i = 0; i < 12; ++i)
-            list.AddItem(u"A row");
+        {
+            const tvMListBox::Bulk bulk(list);
+            for (int i = 0; i < 8; ++i)
+                list.AddItem(u"A row");
+        }
         UpdateWindow(list.m_scrollBox.Handle());
         UpdateWindow(list.Handle());
         PumpQueue();
