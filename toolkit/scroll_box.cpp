@@ -96,6 +96,12 @@ void tvScrollBox::OpenTheme() {
 
 // --- The control's place ---
 
+HWND tvScrollBox::OuterOf(HWND control) {
+    HWND parent = control == nullptr ? nullptr : GetAncestor(control, GA_PARENT);
+    const auto* box = dynamic_cast<const tvScrollBox*>(FromHandle(parent));
+    return box != nullptr && box->m_child == control ? parent : control;
+}
+
 void tvScrollBox::GetFrame(RECT& out) const {
     const LONG border = m_hasBorder != 0 ? kBorder : 0;
     out = {border, border, border, border};

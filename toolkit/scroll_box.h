@@ -6,6 +6,20 @@
 // windows; texts that are set or asked for are the control's, and the parent gets what the control tells.
 // What is done to the control (moved, shown, enabled) is done to the box.
 //
+// Whoever has such a control in a dialog of its own keeps to the control's wrapper:
+// - The wrapper's handle is the one to move, show, hide, enable, focus and send EM_ and LB_ messages to.
+//   Places that it is moved to are those of the dialog, frame and bar included.
+// - The rectangle of the control's window is what is left within frame and bar; OuterOf gives the window
+//   with the rectangle of the whole, which is also the one next to the other controls.
+// - GetDlgItem gives the box. Texts pass through it (SetDlgItemText, GetDlgItemInt); other messages do not
+//   reach the control, and what is shown, hidden or enabled by way of it leaves the control as it was.
+//   tvWnd::FindDescendant gives the control. GetParent of the control is the box.
+// - WM_COMMAND from the control is posted: it comes after the call that has caused it. OnReflectCommand of
+//   the wrapper runs twice, at once and when the dialog gets the message.
+// - WM_DRAWITEM, WM_MEASUREITEM, WM_COMPAREITEM and WM_CTLCOLOR... end at the box: the wrapper's reflect
+//   operations answer them, and the dialog does not see them.
+// Under System Default there is no box, unless the theme was another one when the control came.
+//
 // The control's wrapper owns the box, and has it take part in its messages: BeforeControl in front of the
 // default of each message, AfterControl behind it.
 #pragma once
@@ -25,6 +39,9 @@ public:
 
     // There is a box, and the control in it.
     [[nodiscard]] bool IsActive() const noexcept { return m_hWnd != nullptr && m_child != nullptr; }
+
+    // The window that stands for a control among its parent's: its box, or without one the control itself.
+    [[nodiscard]] static HWND OuterOf(HWND control);
 
     // The control may have got a scroll bar, or lost it: it is given the room that there is then.
     void OnChildStyleChanged();

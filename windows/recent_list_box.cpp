@@ -34,7 +34,7 @@ int CVMRRecentListBox::CalcItemHeight(int) {
 
 RECT CVMRRecentListBox::ScreenPlace() const {
     RECT place{};
-    GetWindowRect(m_hWnd, &place);
+    GetWindowRect(tvScrollBox::OuterOf(m_hWnd), &place);
     return place;
 }
 

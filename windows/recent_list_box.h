@@ -28,7 +28,7 @@ public:
     // go, too. False if there was nothing to open.
     bool OpenRow(int row);
 
-    // Where the list is on the screen, scroll bar included.
+    // Where the list is on the screen, frame and scroll bar included.
     [[nodiscard]] RECT ScreenPlace() const;
 
 private:

@@ -12,18 +12,6 @@ constexpr const char16_t* kProductTree = u"Software\\Tolvane";
 constexpr int kFirstEdit = 2014;
 constexpr int kSecondEdit = 2015;
 
-struct FoundControl {
-    int id;
-    HWND window;
-};
-
-BOOL CALLBACK LookForControl(HWND window, LPARAM argument) {
-    auto* found = reinterpret_cast<FoundControl*>(argument);
-    if (GetDlgCtrlID(window) != found->id) return TRUE;
-    found->window = window;
-    return FALSE;
-}
-
 // The settings in memory, as after a first start.
 void ResetSettings() {
     CVMRAppData& data = TheAppData();
@@ -78,9 +66,7 @@ void AppTest::Command(u16 id) const {
 }
 
 HWND AppTest::Control(int id) const {
-    FoundControl found{id, nullptr};
-    EnumChildWindows(Window(), LookForControl, reinterpret_cast<LPARAM>(&found));
-    return found.window;
+    return tvWnd::FindDescendant(Window(), id);
 }
 
 tvstring AppTest::InFolder(const char16_t* name) const {
@@ -102,7 +88,7 @@ tvstring AppTest::MakeFile(const char16_t* name, const tvstring& password) const
 std::function<bool()> AnswerWith(tvstring first, tvstring second) {
     return [first = std::move(first), second = std::move(second)] {
         HWND dialog = FrontDialog();
-        if (dialog == nullptr || GetDlgItem(dialog, kFirstEdit) == nullptr) return false;
+        if (dialog == nullptr || tvWnd::FindDescendant(dialog, kFirstEdit) == nullptr) return false;
         SetDlgItemTextW(dialog, kFirstEdit, Wide(first.c_str()));
         if (!second.empty()) SetDlgItemTextW(dialog, kSecondEdit, Wide(second.c_str()));
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
@@ -113,7 +99,7 @@ std::function<bool()> AnswerWith(tvstring first, tvstring second) {
 std::function<bool()> PressButton(int id) {
     return [id] {
         HWND dialog = FrontDialog();
-        if (dialog == nullptr || GetDlgItem(dialog, id) == nullptr) return false;
+        if (dialog == nullptr || tvWnd::FindDescendant(dialog, id) == nullptr) return false;
         PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(id), 0);
         return true;
     };

@@ -43,7 +43,7 @@ protected:
 
     [[nodiscard]] RECT CreatePlace() const { return PlaceInParent(Page().m_createBtn.Handle()); }
     [[nodiscard]] RECT OpenPlace() const { return PlaceInParent(Page().m_openBtn.Handle()); }
-    [[nodiscard]] RECT ListPlace() const { return PlaceInParent(ListWindow()); }
+    [[nodiscard]] RECT ListPlace() const { return PlaceInParent(tvScrollBox::OuterOf(ListWindow())); }
 
     // What is painted on the page between the lower button and the list: the heading.
     [[nodiscard]] RECT HeadingInk() const {

@@ -169,8 +169,9 @@ TEST_F(TopBar, DoubleClickedRenamesTheDatabase) {
     tvstring asked;
     DuringModal steps({[&asked] {
                            HWND dialog = FrontDialog();
-                           if (dialog == nullptr || GetDlgItem(dialog, kFirstEdit) == nullptr) return false;
-                           asked = TextOf(GetDlgItem(dialog, kFirstEdit));
+                           if (dialog == nullptr || tvWnd::FindDescendant(dialog, kFirstEdit) == nullptr)
+                               return false;
+                           asked = TextOf(tvWnd::FindDescendant(dialog, kFirstEdit));
                            return true;
                        },
                        AnswerWith(u"New")});

@@ -54,7 +54,7 @@ protected:
         EnterTexts(path);
         ASSERT_TRUE(PumpUntil([&] {
             HWND next = m_Program.Dialog();
-            return next != nullptr && next != file && GetDlgItem(next, kEdit1) != nullptr &&
+            return next != nullptr && next != file && tvWnd::FindDescendant(next, kEdit1) != nullptr &&
                    GetForegroundWindow() == next;
         }));
         EnterTexts(password, again);
@@ -111,7 +111,7 @@ TEST_P(Database, IsNotSavedWithPasswordsThatDiffer) {
     // The path is kept: the next time only the password is asked for.
     Type('S', HOLD_CTRL);
     HWND dialog = m_Program.WaitForDialog();
-    ASSERT_NE(GetDlgItem(dialog, kEdit1), nullptr);
+    ASSERT_NE(tvWnd::FindDescendant(dialog, kEdit1), nullptr);
     EnterTexts(u"secret", u"secret");
     EXPECT_TRUE(PumpUntil([this] { return !m_Program.Sees(kSaveButton); }));
     EXPECT_EQ(PathKind(path), PATH_FILE);
@@ -131,7 +131,7 @@ TEST_P(Database, IsOpenedFromTheCommandLine) {
     const tvstring path = InFolder(u"my file.VMR");
     MakeDatabase(path, u"Mine", u"secret");
     HWND dialog = m_Program.StartAsking(tvstring(u"\"").append(path).append(u"\""));
-    ASSERT_NE(GetDlgItem(dialog, kEdit1), nullptr);
+    ASSERT_NE(tvWnd::FindDescendant(dialog, kEdit1), nullptr);
     EnterTexts(u"secret");
     ASSERT_TRUE(m_Program.WaitForNoDialog());
     EXPECT_TRUE(PumpUntil([this] { return m_Program.Sees(kRenameButton); }));
@@ -179,7 +179,7 @@ TEST_P(Database, GetsItsOldNameBackByUndo) {
     StartWith(path);
     m_Program.Choose(u"M");
     HWND dialog = m_Program.WaitForDialog();
-    EXPECT_EQ(TextOf(GetDlgItem(dialog, kEdit1)), u"old");
+    EXPECT_EQ(TextOf(tvWnd::FindDescendant(dialog, kEdit1)), u"old");
     Type('A', HOLD_CTRL);
     EnterTexts(u"new");
     ASSERT_TRUE(m_Program.WaitForNoDialog());
@@ -188,7 +188,7 @@ TEST_P(Database, GetsItsOldNameBackByUndo) {
     EXPECT_TRUE(PumpUntil([this] { return !m_Program.Sees(kSaveButton); }));
     m_Program.Choose(u"M");
     dialog = m_Program.WaitForDialog();
-    EXPECT_EQ(TextOf(GetDlgItem(dialog, kEdit1)), u"old");
+    EXPECT_EQ(TextOf(tvWnd::FindDescendant(dialog, kEdit1)), u"old");
 }
 
 TEST_P(Database, GetsItsOldMasterPasswordBackByUndoWithAWarning) {
@@ -221,7 +221,7 @@ TEST_P(Database, CtrlZInAnEditBoxIsTheBoxesOwn) {
     ASSERT_TRUE(m_Program.WaitForNoDialog());
     ASSERT_TRUE(PumpUntil([this] { return m_Program.Sees(kSaveButton); }));
     m_Program.Choose(u"M");
-    HWND edit = GetDlgItem(m_Program.WaitForDialog(), kEdit1);
+    HWND edit = tvWnd::FindDescendant(m_Program.WaitForDialog(), kEdit1);
     TypeText(u"typed");
     ASSERT_TRUE(PumpUntil([edit] { return TextOf(edit) == u"typed"; }));
     Type('Z', HOLD_CTRL);

@@ -27,7 +27,7 @@ protected:
     void OpenWith(std::u16string_view password) {
         m_Program.Choose(u"O");
         EnterPath(m_Program, m_File);
-        ASSERT_NE(GetDlgItem(m_Program.WaitForDialog(), kEdit1), nullptr);
+        ASSERT_NE(tvWnd::FindDescendant(m_Program.WaitForDialog(), kEdit1), nullptr);
         EnterTexts(password);
         ASSERT_TRUE(m_Program.WaitForNoDialog());
     }
