@@ -429,6 +429,23 @@ TEST_F(RecentListBox, OpensItsMenuAtThePointerForTheKeyboardToo) {
         [this] { List().Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(ListWindow()), -1); });
 }
 
+TEST_F(RecentListBox, OpensItsMenuAtThePointerOverItsScrollBar) {
+    OpenWith(8);
+    Resize(10, 10);
+    const tvScrollBox& box = List().m_scrollBox;
+    const RECT bar = box.m_parts[SCROLL_BAR];
+    ASSERT_FALSE(IsRectEmpty(&bar));
+    MoveMouse(box.Handle(), static_cast<int>(bar.right) - 3, static_cast<int>(bar.top + bar.bottom) / 2);
+    POINT pointer{};
+    GetCursorPos(&pointer);
+    WithMenu(
+        [&pointer](const RECT& place) {
+            EXPECT_EQ(place.left, pointer.x);
+            EXPECT_EQ(place.top, pointer.y);
+        },
+        [this] { List().Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(ListWindow()), -1); });
+}
+
 TEST_F(RecentListBox, OpensNoMenuThatIsNotThere) {
     OpenWith(2);
     TheAppData().recentMenu.Detach(tvMenu::Menu::Destroy);

@@ -174,6 +174,31 @@ TEST_F(StartPage, TakesAnyNotificationForANewList) {
     EXPECT_TRUE(IsListShown());
 }
 
+TEST_F(StartPage, ShowsAndHidesTheBoxAroundTheListWithIt) {
+    OpenWindow();
+    const HWND box = tvScrollBox::OuterOf(ListWindow());
+    ASSERT_NE(box, ListWindow());
+    EXPECT_FALSE(IsWindowVisible(box));
+    AddGone(2);
+    Main().OnAppNotify(APPN_START, 0, 0, 0);
+    EXPECT_TRUE(IsWindowVisible(box));
+    EXPECT_TRUE(IsWindowVisible(ListWindow()));
+    TheAppData().bHistory = 0;
+    Main().OnAppNotify(APPN_START, 0, 0, 0);
+    EXPECT_FALSE(IsWindowVisible(box));
+}
+
+TEST_F(StartPage, HasTheScrollBarWithinTheListsColumn) {
+    OpenWith(kEntries);
+    Resize(10, 10);
+    const tvScrollBox& box = List().m_scrollBox;
+    ASSERT_FALSE(IsRectEmpty(&box.m_parts[SCROLL_BAR]));
+    EXPECT_EQ(ListPlace(), PlaceInParent(box.Handle()));
+    EXPECT_EQ(ListPlace().right, CreatePlace().right);
+    EXPECT_EQ(box.m_parts[SCROLL_BAR].right, ClientOf(box.Handle()).right);
+    EXPECT_EQ(ClientOf(ListWindow()).right, Width(ListPlace()) - GetSystemMetrics(SM_CXVSCROLL) + 1);
+}
+
 TEST_F(StartPage, HidesTheListWhenItsCommandSwitchesTheHistoryOff) {
     OpenWith(2);
     {

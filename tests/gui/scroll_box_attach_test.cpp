@@ -43,6 +43,21 @@ TEST(ScrollBox, TakesTheControlsIdAndItsPlace) {
               PlaceIn(plain.dialog.Handle(), plain.Control()));
 }
 
+TEST(ScrollBox, LeavesTheControlToBeFoundByItsId) {
+    const LinesStage stage;
+    EXPECT_EQ(tvWnd::FindDescendant(stage.dialog.Handle(), kHosted), stage.Control());
+}
+
+TEST(ScrollBox, IsTheOuterWindowOfItsControlAlone) {
+    const LinesStage colored(kDark);
+    EXPECT_EQ(tvScrollBox::OuterOf(colored.Control()), colored.Host());
+    EXPECT_EQ(tvScrollBox::OuterOf(colored.Host()), colored.Host());
+    EXPECT_EQ(tvScrollBox::OuterOf(colored.dialog.Item(kBefore)), colored.dialog.Item(kBefore));
+    EXPECT_EQ(tvScrollBox::OuterOf(nullptr), nullptr);
+    const LinesStage plain(kSystem);
+    EXPECT_EQ(tvScrollBox::OuterOf(plain.Control()), plain.Control());
+}
+
 TEST(ScrollBox, TakesTheControlsPlaceInTheOrderOfWindows) {
     const LinesStage stage;
     EXPECT_EQ(GetWindow(stage.Host(), GW_HWNDPREV), stage.dialog.Item(kBefore));
@@ -290,6 +305,14 @@ TEST(ScrollBox, HasTheControlsText) {
     EXPECT_EQ(TextOfWindow(stage.Host()), u"To the control");
 }
 
+TEST(ScrollBox, HasTheControlsNumber) {
+    const BoxStage<tvEdit> stage(kDark, ATOM_EDIT, 0, 14);
+    SetDlgItemInt(stage.dialog.Handle(), kHosted, 1234, FALSE);
+    EXPECT_EQ(TextOfWindow(stage.Control()), u"1234");
+    SetWindowTextW(stage.Control(), L"56");
+    EXPECT_EQ(GetDlgItemInt(stage.dialog.Handle(), kHosted, nullptr, FALSE), 56U);
+}
+
 TEST(ScrollBox, PostsTheParentWhatTheControlTells) {
     LinesStage stage;
     PumpQueue();
@@ -322,6 +345,28 @@ TEST(ScrollBox, PostsTheParentThatAContextMenuIsWanted) {
     stage.dialog.m_messages.clear();
     SendMessageW(stage.Host(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(stage.Control()), MAKELPARAM(3, 4));
     EXPECT_TRUE(stage.Hears(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(stage.Control())));
+}
+
+TEST(ScrollBox, PostsTheParentTheMenuThatTheUserAsksTheControlFor) {
+    RowsStage stage;
+    const POINT at{20, 20};
+    POINT onScreen = at;
+    ClientToScreen(stage.Control(), &onScreen);
+    stage.dialog.m_messages.clear();
+    Click(stage.Control(), static_cast<int>(at.x), static_cast<int>(at.y), MouseButton::Right);
+    EXPECT_TRUE(stage.Hears(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(stage.Control())));
+    for (const MSG& got : stage.dialog.m_messages) {
+        if (got.message == WM_CONTEXTMENU) {
+            EXPECT_EQ(got.lParam, MAKELPARAM(onScreen.x, onScreen.y));
+        }
+    }
+}
+
+TEST(ScrollBox, LetsTheDialogGiveTheKeyboardToTheControl) {
+    RowsStage stage;
+    Focus(stage.dialog, stage.dialog.Item(kBefore));
+    stage.dialog.Send(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(stage.Control()), TRUE);
+    EXPECT_EQ(GetFocus(), stage.Control());
 }
 
 TEST(ScrollBox, IsPassedOverByTheTabKey) {
