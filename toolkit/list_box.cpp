@@ -2,6 +2,7 @@
 #include "toolkit/list_box.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "toolkit/list_text.h"
 #include "toolkit/rect.h"
@@ -102,7 +103,8 @@ bool tvMListBox::InsertRow(int row, const tvMListItem& item) {
     const int made = Change(LB_INSERTSTRING, where, reinterpret_cast<LPARAM>(L""));
     m_newHeight = 0;
     if (made < 0) return false;
-    Send(LB_SETITEMHEIGHT, static_cast<WPARAM>(made), item.m_height);
+    if (Ask(LB_GETITEMHEIGHT, static_cast<WPARAM>(made)) != item.m_height)
+        Send(LB_SETITEMHEIGHT, static_cast<WPARAM>(made), item.m_height);
     return true;
 }
 
@@ -292,18 +294,20 @@ int tvMListBox::CalcItemHeight(int index) {
     return std::min(height + height % 2, kHighest);
 }
 
-// Heights that have not changed are not told: to tell each takes time.
+// Heights that have not changed are not told: to tell each takes time, and so does it to end a Bulk.
 void tvMListBox::MeasureAll() {
     const int count = m_items.Count();
     if (count == 0 || m_hWnd == nullptr) return;
-    const Bulk bulk(*this);
+    std::optional<Bulk> bulk;
     for (int row = 0; row < count; ++row) {
         const int index = RowToItem(row, count);
         tvMListItem* item = m_items.At(index);
         const int height = CalcItemHeight(index);
         if (item->m_height == height) continue;
+        if (!bulk) bulk.emplace(*this);
         item->m_height = height;
         StayNear(row);
         Send(LB_SETITEMHEIGHT, static_cast<WPARAM>(row), height);
     }
+    if (!bulk) InvalidateRect(m_hWnd, nullptr, TRUE);
 }

@@ -72,6 +72,9 @@ bool tvMListBox::BeforeDefault(UINT message, WPARAM wParam, LPARAM lParam, LRESU
             // NOLINTNEXTLINE(performance-no-int-to-ptr): a message's argument
             if (wParam != 0) EraseBelow(reinterpret_cast<HDC>(wParam));
             return true;
+        // In a scroll box there is no frame; the system would take its time to paint one nobody sees.
+        case WM_NCPAINT:
+            return m_scrollBox.IsActive();
         case WM_SYSCOLORCHANGE:
             // NOLINTNEXTLINE(performance-no-int-to-ptr): a message's argument
             if (reinterpret_cast<tvTheme*>(lParam) != &TheTheme()) return false;

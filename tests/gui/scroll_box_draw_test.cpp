@@ -1,5 +1,6 @@
 // How a scroll box is painted.
 #include "tests/gui/scroll_box_stage.h"
+#include "toolkit/system.h"
 
 namespace {
 
@@ -236,6 +237,17 @@ TEST_F(SystemScrollBox, HasClassicArrowsThatAreGrayWhereThereIsNothingToScroll) 
 TEST_F(SystemScrollBox, HasAnActiveFrameWithTheKeyboard) {
     Focus(m_Stage.dialog, m_Stage.Control());
     EXPECT_EQ(m_Stage.Look().At(0, 20), GetSysColor(COLOR_HOTLIGHT));
+}
+
+TEST_F(SystemScrollBox, OpensTheVisualStyleAnewWhenThatChangesAndClosesItWithItsWindow) {
+    tvScrollBox& box = m_Stage.Box();
+    box.m_theme.Reset(IsVisualStyleActive() ? nullptr : OpenThemeData(box.Handle(), L"ScrollBar"));
+    SendMessageW(box.Handle(), WM_THEMECHANGED, 0, 0);
+    EXPECT_EQ(static_cast<bool>(box.m_theme), IsVisualStyleActive());
+    box.m_theme.Reset(OpenThemeData(box.Handle(), L"ScrollBar"));
+    ASSERT_TRUE(box.m_theme);
+    m_Stage.dialog.Close();
+    EXPECT_FALSE(m_Stage.Box().m_theme);
 }
 
 TEST_F(SystemScrollBox, IsDrawnByTheVisualStyle) {
