@@ -92,13 +92,25 @@ TEST_P(ColoredScrollBox, ShowsTheThumbThatIsHeldWhereTheMouseHasIt) {
     const RECT thumb = stage.Part(SCROLL_THUMB);
     MoveMouse(stage.Host(), Across(thumb), Down(thumb));
     Press();
-    MoveMouse(stage.Host(), Across(thumb), Down(thumb) + 3);
+    MoveMouse(stage.Host(), Across(thumb), Down(thumb) + 1);
     const Picture look = stage.Look();
+    ASSERT_EQ(stage.Part(SCROLL_THUMB), thumb) << "the control is where it was";
     const RECT inner = Inset(thumb, 2, 0);
-    EXPECT_EQ(At(look, inner.left, thumb.top + 2), TheTheme().m_base);
-    EXPECT_EQ(At(look, inner.left, thumb.top + 3), TheTheme().m_icon);
-    EXPECT_EQ(At(look, inner.left, thumb.bottom + 2), TheTheme().m_icon);
+    EXPECT_EQ(At(look, inner.left, thumb.top), TheTheme().m_base);
+    EXPECT_EQ(At(look, inner.left, thumb.top + 1), TheTheme().m_icon);
+    EXPECT_EQ(At(look, inner.left, thumb.bottom), TheTheme().m_icon);
     Release();
+}
+
+TEST_P(ColoredScrollBox, HasNoBrightArrowWhereThereIsNothingToScroll) {
+    LinesStage stage(GetParam());
+    SetWindowTextW(stage.Control(), L"One line");
+    Settle(stage.dialog.Handle());
+    stage.Box().m_states[SCROLL_UP] |= STATE_SYSTEM_PRESSED;
+    const Sheet sheet(stage.Host());
+    SendMessageW(stage.Host(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(sheet.canvas.Dc()), PRF_CLIENT);
+    const RECT arrow = stage.Part(SCROLL_UP);
+    EXPECT_EQ(sheet.At(Across(arrow), Down(arrow)), TheTheme().m_button);
 }
 
 TEST_P(ColoredScrollBox, HasNoThumbWhereThereIsNothingToScroll) {

@@ -225,6 +225,16 @@ TEST(ScrollBoxHot, IsThePartUnderTheMouse) {
     EXPECT_TRUE(PumpUntil([&] { return stage.Box().m_hotPart == SCROLL_NONE; }));
 }
 
+TEST(ScrollBoxHot, IsNoneEachTimeThatTheMouseIsGone) {
+    LinesStage stage;
+    for (int i = 0; i < 3; ++i) {
+        MoveToPart(stage, SCROLL_THUMB);
+        ASSERT_TRUE(PumpUntil([&] { return stage.Box().m_hotPart == SCROLL_THUMB; })) << i;
+        MoveMouseAway();
+        EXPECT_TRUE(PumpUntil([&] { return stage.Box().m_hotPart == SCROLL_NONE; })) << i;
+    }
+}
+
 TEST(ScrollBoxHot, IsTheBoxWithTheMouseOverTheControl) {
     LinesStage stage;
     MoveMouseTo(stage.Control());
