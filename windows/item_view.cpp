@@ -38,12 +38,16 @@ void ItemView::SetOptions(u32 filterFlag, SearchPasswords passwords) noexcept {
     m_Passwords = passwords;
 }
 
-bool ItemView::SetView(const int* sort, const tvstring* text) {
+bool ItemView::TakeView(const int* sort, const tvstring* text) {
     const bool sortChanges = sort != nullptr && *sort != m_Sort;
     const bool textChanges = text != nullptr && *text != m_FilterText;
     if (sortChanges) m_Sort = *sort;
     if (textChanges) m_FilterText = *text;
-    return (sortChanges || textChanges) && Refresh();
+    return sortChanges || textChanges;
+}
+
+bool ItemView::SetView(const int* sort, const tvstring* text) {
+    return TakeView(sort, text) && Refresh();
 }
 
 i32 ItemView::SourceCount() const {

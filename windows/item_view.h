@@ -25,9 +25,15 @@ public:
     // byte counts, and whether passwords take part.
     void SetOptions(u32 filterFlag, SearchPasswords passwords) noexcept;
 
-    // Takes another order or another search text; null leaves it as it is, and so does an equal one. If one
-    // of them changed, refreshes and returns what Refresh does; otherwise false.
+    // Takes another order or another search text; null leaves it as it is, and so does an equal one. True if
+    // one of them changed.
+    bool TakeView(const int* sort, const tvstring* text);
+
+    // The same; if one of them changed, refreshes and returns what Refresh does.
     bool SetView(const int* sort, const tvstring* text);
+
+    // Takes the rows that a list box has, for one that keeps them itself.
+    void SetRows(std::vector<ViewRow> rows) { m_Rows = std::move(rows); }
 
     // Builds the rows: every eligible element of the source (items, and entries of the additional type) that
     // matches, in order. Elements that had a selected row and still have one stay selected. False, with no
