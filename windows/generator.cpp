@@ -121,9 +121,13 @@ tvstring GeneratePassword(const std::function<PassGenRequest()>& read, PassGenRa
     return password;
 }
 
-tvstring GeneratePassword(const PassGenRequest& request) {
+tvstring GeneratePassword(const std::function<PassGenRequest()>& read) {
     SystemRandom random;
-    return GeneratePassword([&request] { return request; }, random);
+    return GeneratePassword(read, random);
+}
+
+tvstring GeneratePassword(const PassGenRequest& request) {
+    return GeneratePassword([&request] { return request; });
 }
 
 PassGenRequest LoadPassGenOptions() {

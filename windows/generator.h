@@ -61,7 +61,8 @@ public:
 // class is thrown away whole. A request without any class never returns.
 tvstring GeneratePassword(const std::function<PassGenRequest()>& read, PassGenRandom& random);
 
-// The same for a fixed request, from random bytes that are fit for keys.
+// The same from random bytes that are fit for keys.
+tvstring GeneratePassword(const std::function<PassGenRequest()>& read);
 tvstring GeneratePassword(const PassGenRequest& request);
 
 // The request as it is kept in the settings store. A value that is absent or of another size has its default;
