@@ -71,14 +71,15 @@ void CVMRMergeItemDlg::OnUpdateText() {
     SetText(m_cancelBtn.Handle(), LangText(u"global", u"cancel"));
 }
 
+// The names come before the layout, since the height of a radio button hangs on its text.
 bool CVMRMergeItemDlg::OnInitDialog() {
     CVMRBaseDlg::OnInitDialog();
-    LayOut();
     const auto name = [this](std::size_t index) {
         return index < m_Items.size() ? ElementText(m_Items[index]) : tvstring();
     };
     SetText(m_radio1.Handle(), name(0));
     SetText(m_radio2.Handle(), name(1));
+    LayOut();
     m_radio1.Send(BM_SETCHECK, BST_CHECKED);
     m_radio2.Send(BM_SETCHECK, BST_UNCHECKED);
     BuildPreview(0);
@@ -121,7 +122,7 @@ void CVMRMergeItemDlg::LayOut() {
     SizeToContent(m_hWnd, content);
 }
 
-int CVMRMergeItemDlg::LayOutRadios(const RECT& content, int top) {
+int CVMRMergeItemDlg::LayOutRadios(const RECT& content, int top) const {
     const int height = static_cast<int>(SizeOf(m_radio1).cy);
     const int second = top + height + TheTheme().m_borderWidth;
     Place(m_radio1, BoxAt(static_cast<int>(content.left), top, Width(content), height));

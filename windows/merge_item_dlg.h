@@ -39,6 +39,6 @@ private:
     [[nodiscard]] bool IsSecondChosen() const;
     void Merge();
     void LayOut();
-    int LayOutRadios(const RECT& content, int top);
+    int LayOutRadios(const RECT& content, int top) const;
     int HighestPreview(int width);
 };

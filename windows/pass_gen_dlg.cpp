@@ -145,6 +145,7 @@ tvstring CVMRPassGenDlg::GeneratePassword() {
         NormaliseLengths(&request.minLength, &request.maxLength, WriteBack::Changed);
         return request;
     });
+    m_passwordEdit.Wipe();  // nothing of the one before stays in the control
     SetText(m_passwordEdit.Handle(), password);
     return password;
 }

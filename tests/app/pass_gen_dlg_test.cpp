@@ -2,6 +2,7 @@
 #include "foundation/product.h"
 #include "foundation/registry.h"
 #include "tests/app/pass_gen_stage.h"
+#include "tests/gui/secret_memory.h"
 
 namespace {
 
@@ -334,6 +335,22 @@ TEST_F(PassGenLengths, TakeOnlyDigits) {
         EXPECT_TRUE(PumpUntil([this, id] { return TextOf(Item(id)) == u"17"; })) << id;
         SetFocus(Item(kPassword));
     }
+}
+
+// --- The secret ---
+
+TEST_F(PassGenDialog, LeavesNothingOfThePasswordInMemory) {
+    for (const bool isReplaced : {false, true}) {
+        ASSERT_EQ(CountSecrets(), 0);
+        Renew(Secret());
+        Show();
+        EXPECT_GE(CountSecrets(), 2);
+        if (isReplaced) Generate();
+        SendMessageW(m_Dialog->Handle(), WM_COMMAND, IDOK, 0);
+        m_Dialog.reset();
+        EXPECT_EQ(CountSecrets(), 0) << (isReplaced ? "replaced" : "kept");
+    }
+    ForgetSecrets();
 }
 
 // --- The spin buttons ---

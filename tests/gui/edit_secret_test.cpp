@@ -1,69 +1,15 @@
 // What was in a box for passwords is nowhere in the process once its window is gone.
-#include <array>
-
 #include "tests/gui/input_stage.h"
+#include "tests/gui/secret_memory.h"
 #include "toolkit/edit.h"
 
 namespace {
 
 using EditStage = InputStage<tvEdit, ATOM_EDIT>;
 
-constexpr std::size_t kLength = 90;
-
-// The secret is nowhere in the program: each unit is computed when it is needed.
-char16_t SecretUnit(std::size_t index) {
-    static volatile unsigned seed = 17;
-    return static_cast<char16_t>(u'A' + (index * index * 7 + index * 3 + seed) % 26);
-}
-
-tvstring Secret(std::size_t length = kLength) {
-    tvstring text(length, u' ');
-    for (std::size_t i = 0; i < length; ++i)
-        text[i] = SecretUnit(i);
-    return text;
-}
-
-void SetSecret(HWND window, std::size_t length = kLength) {
+void SetSecret(HWND window, std::size_t length = kSecretLength) {
     const tvstring secret = Secret(length);
     SetWindowTextW(window, Wide(secret.c_str()));
-}
-
-// A part of the secret, from its middle: 24 units in a row.
-bool IsSecretAt(const char16_t* units) {
-    constexpr std::size_t kFrom = 40;
-    constexpr std::size_t kUnits = 24;
-    for (std::size_t i = 0; i < kUnits; ++i)
-        if (units[i] != SecretUnit(kFrom + i)) return false;
-    return true;
-}
-
-// How often it is in the memory that the process can write.
-int CountSecrets() {
-    int count = 0;
-    MEMORY_BASIC_INFORMATION range{};
-    const u8* place = nullptr;
-    while (VirtualQuery(place, &range, sizeof range) == sizeof range) {
-        const auto* base = static_cast<const u8*>(range.BaseAddress);
-        if (range.State == MEM_COMMIT && range.Protect == PAGE_READWRITE) {
-            const char16_t first = SecretUnit(40);
-            for (std::size_t i = 0; i + 64 <= range.RegionSize; i += sizeof(char16_t)) {
-                const auto* units = reinterpret_cast<const char16_t*>(base + i);
-                if (*units == first && IsSecretAt(units)) ++count;
-            }
-        }
-        place = base + range.RegionSize;
-    }
-    return count;
-}
-
-// For the tests to come: overwrites what is left in memory that is free.
-void ForgetSecrets() {
-    constexpr int kRounds = 100;
-    for (int round = 0; round < kRounds && CountSecrets() > 0; ++round) {
-        std::vector<std::vector<u8>> blocks;
-        for (std::size_t size = 16; size < 2000; size += 16)
-            blocks.emplace_back(size, u8{1});
-    }
 }
 
 TEST(EditSecret, OfAnOrdinaryBoxIsFound) {
