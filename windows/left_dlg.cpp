@@ -266,6 +266,9 @@ void CVMRLeftDlg::OnCommand(WPARAM wParam) {
         case CMD_MAIN_MENU:
             OpenMenu();
             break;
+        case CMD_MERGE:
+            MergeItems();
+            break;
         default:
             break;
     }

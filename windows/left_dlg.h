@@ -48,5 +48,6 @@ private:
     [[nodiscard]] bool RefusesMove() const;
     void OnCommand(WPARAM wParam);
     void OpenMenu();
+    void MergeItems();  // merge_items.cpp
     void StoreSort() const;
 };
