@@ -71,6 +71,12 @@ void CVMRBaseButton::RenewIcon() {
     m_hIcon = std::move(icon);
 }
 
+void CVMRBaseButton::SetImage(u32 iconId) {
+    if (iconId == m_iconId) return;
+    m_iconId = iconId;
+    if (IsAttached()) RenewIcon();
+}
+
 void CVMRBaseButton::OnSubclassed() {
     tvButton_customIcon::OnSubclassed();
     if (m_iconId != 0) RenewIcon();

@@ -29,6 +29,9 @@ public:
     void OnSubclassed() override;
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
+    // Another picture in place of the one that the button has.
+    void SetImage(u32 iconId);
+
     // The usual size of a button with the font that dialogs have now, in pixels.
     static SIZE StandardSize();
 

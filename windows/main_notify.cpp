@@ -45,8 +45,12 @@ void CVMRDlg::RouteToPanes(i32 code, NotifyArgument a, NotifyArgument b, NotifyA
             break;
         case APPN_ITEMCHANGED:
         case APPN_FILTERCHANGED:
+            m_leftDlg.OnAppNotify(code, a, b, c);
+            break;
+        // The item that is shown may be gone, or be about to go.
         case APPN_DBLIST:
             m_leftDlg.OnAppNotify(code, a, b, c);
+            m_rightDlg.OnAppNotify(code, a, b, c);
             break;
         case APPN_FORWARDCMD:
             m_leftDlg.OnAppNotify(code, a, b, c);

@@ -12,11 +12,13 @@ public:
     struct Call {
         std::wstring verb;  // "(null)" for null
         std::wstring file;
+        std::wstring parameters;
+        std::wstring folder;
         int show;
     };
 
     ShellCalls() : m_Slot(FindSlot()) {
-        s_Calls = &m_Calls;
+        s_Calls = this;
         m_Real = Replace(reinterpret_cast<ULONG_PTR>(&Note));
     }
     ~ShellCalls() {
@@ -28,11 +30,23 @@ public:
 
     [[nodiscard]] const std::vector<Call>& Get() const { return m_Calls; }
 
+    // From now on nothing can be opened, for this cause; 0 for one that the shell does not tell.
+    void FailWith(DWORD error) {
+        m_Fails = true;
+        m_Error = error;
+    }
+
 private:
-    static HINSTANCE WINAPI Note(HWND, LPCWSTR verb, LPCWSTR file, LPCWSTR, LPCWSTR, int show) {
+    static HINSTANCE WINAPI Note(HWND, LPCWSTR verb, LPCWSTR file, LPCWSTR parameters, LPCWSTR folder,
+                                 int show) {
         constexpr ULONG_PTR kSuccess = 33;
-        s_Calls->push_back({verb == nullptr ? L"(null)" : verb, file == nullptr ? L"(null)" : file, show});
-        return reinterpret_cast<HINSTANCE>(kSuccess);  // NOLINT(performance-no-int-to-ptr)
+        constexpr ULONG_PTR kFailure = 32;
+        const bool fails = s_Calls->m_Fails;
+        s_Calls->m_Calls.push_back({verb == nullptr ? L"(null)" : verb, file == nullptr ? L"(null)" : file,
+                                    parameters == nullptr ? L"(null)" : parameters,
+                                    folder == nullptr ? L"(null)" : folder, show});
+        if (fails && s_Calls->m_Error != 0) SetLastError(s_Calls->m_Error);
+        return reinterpret_cast<HINSTANCE>(fails ? kFailure : kSuccess);  // NOLINT(performance-no-int-to-ptr)
     }
 
     // Where the test program keeps the function's address.
@@ -63,8 +77,10 @@ private:
         return old;
     }
 
-    static inline std::vector<Call>* s_Calls = nullptr;
+    static inline ShellCalls* s_Calls = nullptr;
     std::vector<Call> m_Calls;
+    bool m_Fails = false;
+    DWORD m_Error = 0;
     ULONG_PTR* m_Slot;
     ULONG_PTR m_Real = 0;
 };
