@@ -24,9 +24,10 @@ namespace {
 
 // --- The menu ---
 
+// Frame and scroll bar included.
 RECT PlaceOf(const tvMListBox& list) {
     RECT place{};
-    GetWindowRect(list.Handle(), &place);
+    GetWindowRect(tvScrollBox::OuterOf(list.Handle()), &place);
     return place;
 }
 
