@@ -123,7 +123,11 @@ bool tvMListBox::HasSelection() const {
 int tvMListBox::DeleteItem(int row) {
     const int item = RowToItem(row, m_items.Count());
     if (m_hWnd == nullptr || item < 0) return kError;
-    const bool hadSelection = HasSelection();
+    // A bulk that has changed the selection tells of it at its end. To look for one takes long.
+    const bool isToldLater = m_bulk > 0 && m_bulkChanged;
+    const bool hadSelection = !isToldLater && HasSelection();
+    // The top row stays in front: the system may leave it where there are no rows any more.
+    if (m_bulk > 0) StayNear(row - kNear);
     m_deleting = true;
     const int left = Change(LB_DELETESTRING, static_cast<WPARAM>(row), 0);
     m_deleting = false;

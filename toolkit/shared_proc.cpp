@@ -113,6 +113,8 @@ void Finish(HWND handle, UINT message) {
 
 LRESULT CALLBACK tvWnd::SharedProc(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     if (handle == nullptr) return 0;
+    // A list box tells of each row that goes: nobody wants to know, and with many rows it takes long.
+    if (message == WM_DELETEITEM) return TRUE;
     TheMousePlace().ForgetOn(message);
     tvWnd* wnd = FromHandle(handle);
     if (wnd == nullptr && (message == WM_CREATE || message == WM_NCCREATE)) wnd = TakeCreated(handle);

@@ -4,14 +4,14 @@
 #include "toolkit/rect.h"
 #include "toolkit/tool_tip.h"
 
+// Not every system tells how much of a text it has drawn: it is measured.
 bool DrawRowText(HDC dc, const RECT& rect, const tvstring& text) {
     constexpr UINT kFlags = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
-    DRAWTEXTPARAMS params{};
-    params.cbSize = sizeof params;
     RECT place = rect;
-    DrawTextExW(dc, const_cast<wchar_t*>(Wide(text.c_str())), static_cast<int>(text.size()), &place, kFlags,
-                &params);
-    return params.uiLengthDrawn == text.size();
+    DrawTextW(dc, Wide(text.c_str()), static_cast<int>(text.size()), &place, kFlags);
+    SIZE size{};
+    GetTextExtentPoint32W(dc, Wide(text.c_str()), static_cast<int>(text.size()), &size);
+    return size.cx <= Width(rect);
 }
 
 namespace {

@@ -295,6 +295,7 @@ TEST_F(ListOfEntries, TheTipShowsAnEntryOfSeveralLinesOnOne) {
 
 TEST_F(ListOfEntries, NeverSaysThatNothingMatches) {
     OpenEntries({});
+    SetFocus(Pane().m_filterEdit.Handle());
     const tvstring search(u"x");
     Entries().SetView(nullptr, &search);
     RedrawWindow(EntryWindow(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);

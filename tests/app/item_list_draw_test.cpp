@@ -19,6 +19,15 @@ RECT PlaceOf(HWND window) {
     return rect;
 }
 
+// The system may have a copy of the font that it was given.
+LONG TipFontHeight() {
+    const auto font = static_cast<WPARAM>(TheToolTip().Send(WM_GETFONT));
+    LOGFONTW data{};
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a message's answer
+    GetObjectW(reinterpret_cast<HFONT>(font), sizeof data, &data);
+    return data.lfHeight;
+}
+
 class ItemListDraw : public ItemTest {
 protected:
     ~ItemListDraw() override { MoveMouseAway(); }
@@ -32,6 +41,8 @@ protected:
         Settle(ListWindow());
         return List().ItemOfRow(row)->m_icon;
     }
+    // An empty list with the keyboard has a frame of dots.
+    void FocusSearch() const { SetFocus(Pane().m_filterEdit.Handle()); }
     [[nodiscard]] COLORREF Ground() const { return List().GetBackColor(); }
 
     // Where something is painted on the list, within a rectangle.
@@ -65,9 +76,9 @@ TEST_F(ItemListDraw, ALargerFontMakesHigherRows) {
     const HFONT font = CreateFontIndirectW(&doubled);
     List().Send(WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
     EXPECT_GT(Height(RowRect(0)), before + before / 2);
-    EXPECT_EQ(TheToolTip().Send(WM_GETFONT), reinterpret_cast<LRESULT>(font));
+    EXPECT_EQ(TipFontHeight(), doubled.lfHeight);
     List().Send(WM_SETFONT, reinterpret_cast<WPARAM>(TheTheme().Font()), TRUE);
-    EXPECT_EQ(TheToolTip().Send(WM_GETFONT), reinterpret_cast<LRESULT>(TheTheme().Font()));
+    EXPECT_EQ(TipFontHeight(), keep.Regular().lfHeight);
     DeleteObject(font);
 }
 
@@ -138,12 +149,14 @@ INSTANTIATE_TEST_SUITE_P(Themes, SaysThatNothingMatches,
 TEST_P(SaysThatNothingMatches, InGrayInTheMiddleAtTheTop) {
     UseTheme(GetParam());
     OpenWith({u"a"});
+    FocusSearch();
     SearchFor(u"x");
     const RECT client = ClientOf(ListWindow());
     const RECT ink = Ink(client);
     const COLORREF gray = TheTheme().Color(&tvColorTheme::m_textGray, COLOR_GRAYTEXT);
     EXPECT_GT(Picture(ListWindow()).Count(client, gray), 10);
-    EXPECT_NEAR(static_cast<double>(ink.left + ink.right), static_cast<double>(client.right), 4);
+    const int width = WidthIn(ListWindow(), u"No matching results");
+    EXPECT_NEAR(static_cast<double>(ink.left), static_cast<double>((client.right - width) / 2), 2);
     EXPECT_NEAR(Width(ink), InkWidthIn(ListWindow(), u"No matching results"), 2);
     EXPECT_GE(ink.top, TheTheme().m_marginY);
     EXPECT_LE(ink.bottom, TheTheme().m_marginY + TheTheme().TextHeight(List().m_font, nullptr));
@@ -159,6 +172,7 @@ TEST_F(ItemListDraw, SaysNothingWhileSomethingMatches) {
 
 TEST_F(ItemListDraw, SaysNothingOfADatabaseWithoutItems) {
     OpenWith({});
+    FocusSearch();
     SearchFor(u"x");
     EXPECT_EQ(List().FilterText(), u"x");
     EXPECT_EQ(Width(Ink(ClientOf(ListWindow()))), 0);
@@ -166,6 +180,7 @@ TEST_F(ItemListDraw, SaysNothingOfADatabaseWithoutItems) {
 
 TEST_F(ItemListDraw, SaysNothingOnceTheSearchIsEmpty) {
     OpenWith({u"a"});
+    FocusSearch();
     SearchFor(u"x");
     EXPECT_GT(Width(Ink(ClientOf(ListWindow()))), 0);
     SearchFor(u"");
@@ -177,6 +192,7 @@ TEST_F(ItemListDraw, SaysNothingOnceTheSearchIsEmpty) {
 TEST_F(ItemListDraw, SaysItInTheLanguageInUse) {
     const OtherLanguage other(u"[search]\r\nnomatch = -\r\n");
     OpenWith({u"a"});
+    FocusSearch();
     SearchFor(u"x");
     const int before = Width(Ink(ClientOf(ListWindow())));
     OtherLanguage::Choose();
@@ -188,12 +204,13 @@ TEST_F(ItemListDraw, SaysItInTheLanguageInUse) {
 // --- Tool tips ---
 
 TEST_F(ItemListDraw, ARowThatIsCutOffShowsItsTextInATipOverItself) {
-    OpenWith({u"a", kLong.c_str()});
+    const tvstring longer(60, u'W');
+    OpenWith({u"a", longer.c_str()});
     PointAt(1);
     ASSERT_TRUE(TipComesUp());
     EXPECT_EQ(List().m_HoverRow, 1);
     const tvMListItem* row = List().ItemOfRow(1);
-    EXPECT_TRUE(row->m_note.starts_with(u"WWWWWWWWWW"));
+    EXPECT_EQ(row->m_note, longer);
     const RECT tip = PlaceOf(TheToolTip().Handle());
     const POINT corner = OnScreen({RowRect(1).left, RowRect(1).top});
     const int border = TheTheme().m_borderWidth;
