@@ -1,4 +1,5 @@
 // What the detail pane shows of an item, and where.
+#include "platform/registry.h"
 #include "tests/app/detail_stage.h"
 #include "tests/app/keep_font.h"
 #include "tests/app/other_language.h"
@@ -311,6 +312,7 @@ TEST_F(DetailPaint, FollowsTheFonts) {
     EXPECT_GT(Field(kAddition).m_hitRect.bottom, before.bottom);
     EXPECT_EQ(PlaceInParent(Pane().m_list.Handle()).top, Field(kAddition).m_hitRect.bottom + Border());
     EXPECT_EQ(PlaceInParent(Pane().m_addBtn.Handle()).top, Field(kAddition).m_hitRect.bottom + Border());
+    platform::DeleteUserTree(u"Software\\Tolvane");  // the font was stored
 }
 
 TEST_F(DetailPaint, TakesItsTextsFromTheNewLanguage) {
