@@ -13,6 +13,18 @@ namespace {
 
 constexpr char16_t kFiller = u'*';
 
+// As long as a text that is to be covered. For a control of many lines it has such, since one long word takes
+// it very long to break.
+tvstring Filler(std::size_t size, bool isMultiLine) {
+    constexpr std::size_t kLine = 64;
+    tvstring filler(size, kFiller);
+    for (std::size_t i = kLine; isMultiLine && i < size; i += kLine) {
+        filler[i - 2] = u'\r';
+        filler[i - 1] = u'\n';
+    }
+    return filler;
+}
+
 // A control of many lines hands out its text's block.
 bool WipeBlock(HWND window) {
     if (!HasStyle(window, ES_MULTILINE)) return false;
@@ -64,8 +76,9 @@ void tvEdit::OverwriteUndo(int length) const {
     constexpr int kFineTo =
         1024;  // longer texts take larger steps, or it would take long; an end of one may stay
     constexpr int kShare = 8;
-    const auto pass = [this](int size) {
-        const tvstring filler(static_cast<std::size_t>(size), kFiller);
+    const bool isMultiLine = HasStyle(m_hWnd, ES_MULTILINE);
+    const auto pass = [this, isMultiLine](int size) {
+        const tvstring filler = Filler(static_cast<std::size_t>(size), isMultiLine);
         Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(filler.c_str()));
         Send(EM_EMPTYUNDOBUFFER);
         Send(EM_SETSEL, 0, -1);

@@ -79,6 +79,9 @@ void CVMRRightDlg::OnCommand(u16 id) {
         case CMD_RENAME:
             ModifyEntry(false);
             break;
+        case CMD_MERGE:
+            MergeEntries();
+            break;
         default:
             break;
     }

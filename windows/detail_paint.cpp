@@ -11,10 +11,9 @@
 #include "toolkit/text_draw.h"
 #include "toolkit/theme.h"
 #include "windows/right_dlg.h"
+#include "windows/shown_text.h"
 
 namespace {
-
-constexpr std::u16string_view kMask = u"\u25CF\u25CF\u25CF\u25CF\u25CF\u25CF";
 
 // Measures a text on one line, cuts the rectangle to what it needs, at least `minHeight`, and draws it there.
 // An empty text takes the height of a line.
@@ -46,13 +45,6 @@ tvstring LabelOf(u16 type) {
 
 bool IsBasic(u16 type) {
     return type == VMRD_T_PROGRAM || type == VMRD_T_USERNAME || type == VMRD_T_PASSWORD;
-}
-
-// What stands for an entry on the pane. A password that is hidden looks the same whatever it is.
-tvstring ShownText(const VMRD_Entry& entry) {
-    if (entry.m_Text.empty()) return LangText(u"global", u"empty");
-    if (entry.m_Type == VMRD_T_PASSWORD && TheAppData().bShowPassword == 0) return kMask;
-    return entry.m_Text;
 }
 
 // A file time as date and time in the user's format.

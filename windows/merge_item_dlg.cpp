@@ -5,12 +5,12 @@
 
 #include "database/database.h"
 #include "foundation/language.h"
-#include "shell/app_data.h"
 #include "shell/statics.h"
 #include "toolkit/control_state.h"
 #include "toolkit/rect.h"
 #include "toolkit/theme.h"
 #include "windows/dialog_layout.h"
+#include "windows/shown_text.h"
 
 namespace {
 
@@ -26,15 +26,6 @@ void SetText(HWND window, const tvstring& text) {
 
 tvstring InfoText() {
     return LangText(u"itemlist", u"merge_info");
-}
-
-// As it stands in the preview.
-tvstring TextOfEntry(const VMRD_Entry& entry) {
-    constexpr std::size_t kDots = 6;
-    constexpr char16_t kDot = 0x25CF;
-    if (entry.m_Text.empty()) return LangText(u"global", u"empty");
-    const bool isMasked = entry.m_Type == VMRD_T_PASSWORD && TheAppData().bShowPassword == 0;
-    return isMasked ? tvstring(kDots, kDot) : entry.m_Text;
 }
 
 }  // namespace
@@ -95,7 +86,7 @@ void CVMRMergeItemDlg::BuildPreview(std::size_t index) {
     VMRD_Entry* entries[3] = {};
     GetBasicEntries(AsItem(m_Items[index]), &entries[0], &entries[1], &entries[2]);
     for (const VMRD_Entry* entry : entries) {
-        if (entry != nullptr) m_Preview.append(TextOfEntry(*entry)).append(u"\r\n");
+        if (entry != nullptr) m_Preview.append(ShownText(*entry)).append(u"\r\n");
     }
 }
 

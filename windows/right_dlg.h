@@ -107,6 +107,7 @@ private:
     void TogglePasswords();
     void ModifyEntry(bool add);
     bool TakeEntryText(VMRD_Entry* entry, const tvstring& text);
+    void MergeEntries();  // merge_entries.cpp
 
     // The date line as it was made last.
     struct {

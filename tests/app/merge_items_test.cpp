@@ -55,8 +55,8 @@ protected:
     static Step Pressing(int id) {
         return InDialog([id](const CVMRMergeItemDlg& dialog) { Click(GetDlgItem(dialog.Handle(), id)); });
     }
-    Notes MergeWith(std::vector<Step> steps) const {
-        const DuringModal during(std::move(steps));
+    Notes MergeWith(const Step& first, const Step& second = {}, const Step& third = {}) const {
+        const DuringModal during(StepsOf({&first, &second, &third}));
         return Merge(Pane());
     }
 };
@@ -65,7 +65,7 @@ TEST_F(MergeItemsInList, MakesOneOfTwo) {
     MakeItems(3);
     SelectRows(List(), {0, 2});
     TheDatabase().m_Changed = false;
-    const Notes notes = MergeWith({Pressing(IDOK)});
+    const Notes notes = MergeWith(Pressing(IDOK));
     EXPECT_EQ(Names(), "Item 1, Item 2");
     EXPECT_EQ(RowNames(), "Item 1, Item 2");
     EXPECT_EQ(EntriesOf(*TheDatabase().m_Head), "3 ; 4 user 1; 5 ; 6 user 3");
@@ -79,18 +79,18 @@ TEST_F(MergeItemsInList, ShowsTheTwoInTheOrderOfTheirRows) {
     MakeItems(3);
     SelectRows(List(), {2, 1});
     std::string names;
-    MergeWith({InDialog([&names](const CVMRMergeItemDlg& dialog) {
-                   names = Letters(TextOf(dialog.m_radio1.Handle())) + ", " +
-                           Letters(TextOf(dialog.m_radio2.Handle()));
-               }),
-               Pressing(IDCANCEL)});
+    MergeWith(InDialog([&names](const CVMRMergeItemDlg& dialog) {
+                  names = Letters(TextOf(dialog.m_radio1.Handle())) + ", " +
+                          Letters(TextOf(dialog.m_radio2.Handle()));
+              }),
+              Pressing(IDCANCEL));
     EXPECT_EQ(names, "Item 2, Item 3");
 }
 
 TEST_F(MergeItemsInList, KeepsTheSecondOneIfThatIsChosen) {
     MakeItems(2);
     SelectRows(List(), {0, 1});
-    MergeWith({Pressing(kRadio2), InDialog([](CVMRMergeItemDlg&) {}), Pressing(IDOK)});
+    MergeWith(Pressing(kRadio2), InDialog([](CVMRMergeItemDlg&) {}), Pressing(IDOK));
     EXPECT_EQ(Names(), "Item 2");
     EXPECT_EQ(RowNames(), "Item 2");
     EXPECT_EQ(EntriesOf(*TheDatabase().m_Head), "3 ; 4 user 2; 5 ; 6 user 1");
@@ -99,16 +99,16 @@ TEST_F(MergeItemsInList, KeepsTheSecondOneIfThatIsChosen) {
 TEST_F(MergeItemsInList, ShowsTheOneThatIsLeftInTheDetailPane) {
     MakeItems(2);
     SelectRows(List(), {0, 1});
-    //EXPECT_EQ(Main().m_rightDlg.m_Item, nullptr);
-    MergeWith({Pressing(IDOK)});
-    //EXPECT_TRUE(PumpUntil([this] { return Main().m_rightDlg.m_Item == TheDatabase().m_Head; }));
+    EXPECT_EQ(Main().m_rightDlg.m_Item, nullptr);
+    MergeWith(Pressing(IDOK));
+    EXPECT_TRUE(PumpUntil([this] { return Main().m_rightDlg.m_Item == TheDatabase().m_Head; }));
 }
 
 TEST_F(MergeItemsInList, LeavesAllAsItWasOnCancel) {
     MakeItems(2);
     SelectRows(List(), {0, 1});
     TheDatabase().m_Changed = false;
-    EXPECT_EQ(MergeWith({Pressing(kRadio2), Pressing(IDCANCEL)}), Notes());
+    EXPECT_EQ(MergeWith(Pressing(kRadio2), Pressing(IDCANCEL)), Notes());
     EXPECT_EQ(RowNames(), "Item 1, Item 2");
     EXPECT_EQ(List().GetSelCount(), 2);
     EXPECT_FALSE(TheDatabase().m_Changed);
@@ -132,8 +132,8 @@ TEST_F(MergeItemsInList, IsDoneWithTheListLeftAsItLooks) {
     MakeItems(2);
     SelectRows(List(), {0, 1});
     bool painted = true;
-    MergeWith({InDialog([&](const CVMRMergeItemDlg&) { painted = HasStyle(Pane().Handle(), WS_VISIBLE); }),
-               Pressing(IDOK)});
+    MergeWith(InDialog([&](const CVMRMergeItemDlg&) { painted = HasStyle(Pane().Handle(), WS_VISIBLE); }),
+              Pressing(IDOK));
     EXPECT_FALSE(painted);
     EXPECT_TRUE(HasStyle(Pane().Handle(), WS_VISIBLE));
     EXPECT_TRUE(PumpUntil([this] { return GetActiveWindow() == Window(); }));
@@ -144,7 +144,7 @@ TEST_F(MergeItemsInList, IsDoneWithTheListLeftAsItLooks) {
 TEST_F(MergeItemsInList, PaintsThePaneAgainAfterwards) {
     MakeItems(2);
     SelectRows(List(), {0, 1});
-    MergeWith({Pressing(IDCANCEL)});
+    MergeWith(Pressing(IDCANCEL));
     SelectRows(List(), {});
     MoveMouseAway();
     Settle(Window());
@@ -158,7 +158,7 @@ TEST_F(MergeItemsInList, PaintsThePaneAgainAfterwards) {
 TEST_F(MergeItemsInList, IsTakenBackByUndoInTwoSteps) {
     MakeItems(2);
     SelectRows(List(), {0, 1});
-    MergeWith({Pressing(IDOK)});
+    MergeWith(Pressing(IDOK));
     ASSERT_EQ(RowNames(), "Item 1");
     Command(CMD_UNDO);
     EXPECT_EQ(RowNames(), "Item 1, Item 2");

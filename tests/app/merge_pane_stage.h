@@ -30,6 +30,14 @@ private:
     }
 };
 
+// Those that are there.
+inline std::vector<Step> StepsOf(std::initializer_list<const Step*> steps) {
+    std::vector<Step> list;
+    for (const Step* step : steps)
+        if (*step) list.push_back(*step);
+    return list;
+}
+
 class MergePaneTest : public CommandTest {
 protected:
     MergePaneTest() {
