@@ -353,6 +353,18 @@ TEST_F(PassGenDialog, LeavesNothingOfThePasswordInMemory) {
     ForgetSecrets();
 }
 
+TEST_F(PassGenDialog, LeavesNothingOfAReplacedPasswordInItsBox) {
+    ASSERT_EQ(CountSecrets(), 0);
+    Renew(Secret());
+    Show();
+    m_Dialog->m_Password.clear();
+    EXPECT_GE(CountSecrets(), 1);
+    Generate();
+    EXPECT_EQ(CountSecrets(), 0);
+    m_Dialog.reset();
+    ForgetSecrets();
+}
+
 // --- The spin buttons ---
 
 class PassGenSpins : public PassGenTest {
