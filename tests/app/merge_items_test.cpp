@@ -70,8 +70,8 @@ TEST_F(MergeItemsInList, MakesOneOfTwo) {
     EXPECT_EQ(RowNames(), "Item 1, Item 2");
     EXPECT_EQ(EntriesOf(*TheDatabase().m_Head), "3 ; 4 user 1; 5 ; 6 user 3");
     EXPECT_TRUE(TheDatabase().m_Changed);
-    ASSERT_GE(notes.size(), 2U);
-    EXPECT_EQ(notes[notes.size() - 2], "TOPBAR");
+    EXPECT_EQ(WithoutCounts(notes), Notes{"TOPBAR"});
+    ASSERT_FALSE(notes.empty());
     EXPECT_EQ(notes.back(), "STATUS 2 1");
 }
 
@@ -108,7 +108,7 @@ TEST_F(MergeItemsInList, LeavesAllAsItWasOnCancel) {
     MakeItems(2);
     SelectRows(List(), {0, 1});
     TheDatabase().m_Changed = false;
-    EXPECT_EQ(MergeWith(Pressing(kRadio2), Pressing(IDCANCEL)), Notes());
+    EXPECT_EQ(WithoutCounts(MergeWith(Pressing(kRadio2), Pressing(IDCANCEL))), Notes());
     EXPECT_EQ(RowNames(), "Item 1, Item 2");
     EXPECT_EQ(List().GetSelCount(), 2);
     EXPECT_FALSE(TheDatabase().m_Changed);
@@ -121,7 +121,7 @@ TEST_F(MergeItemsInList, IsRefusedForAnythingButTwo) {
     for (const std::vector<int>& rows : selections) {
         SelectRows(List(), rows);
         EXPECT_FALSE(IsOffered(List(), false)) << rows.size();
-        EXPECT_EQ(Merge(Pane()), Notes()) << rows.size();  // a dialog would wait for ever
+        EXPECT_EQ(WithoutCounts(Merge(Pane())), Notes()) << rows.size();  // a dialog would wait for ever
     }
     SelectRows(List(), {1, 3});
     EXPECT_TRUE(IsOffered(List(), false));
