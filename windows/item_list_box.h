@@ -59,8 +59,12 @@ public:
     // --- Commands ---
 
     // Add an element, whether it matches or not, and select it alone.
-    void AddNew() requires kIsItems;
-    void AddNew(const tvstring& text) requires(!kIsItems);
+    void AddNew() requires kIsItems {
+        if (m_Source != nullptr) ShowNew(TheDatabase().AddNewItem(m_Source));
+    }
+    void AddNew(const tvstring& text) requires(!kIsItems) {
+        if (m_Source != nullptr) ShowNew(TheDatabase().AddNewEntry(text, m_Source));
+    }
 
     void RemoveSelected();
 

@@ -16,16 +16,6 @@ bool CVMRListBox<TOwner, TElement>::CopySelection() {
 }
 
 template <typename TOwner, typename TElement>
-void CVMRListBox<TOwner, TElement>::AddNew() requires kIsItems {
-    if (m_Source != nullptr) ShowNew(TheDatabase().AddNewItem(m_Source));
-}
-
-template <typename TOwner, typename TElement>
-void CVMRListBox<TOwner, TElement>::AddNew(const tvstring& text) requires(!kIsItems) {
-    if (m_Source != nullptr) ShowNew(TheDatabase().AddNewEntry(text, m_Source));
-}
-
-template <typename TOwner, typename TElement>
 void CVMRListBox<TOwner, TElement>::ShowNew(VMRD_Element* element) {
     if (element == nullptr) return;
     AddRow(element);
