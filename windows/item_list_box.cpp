@@ -93,6 +93,9 @@ void CVMRListBox<TOwner, TElement>::AfterBase(UINT message, WPARAM wParam, LRESU
         case WM_SETFONT:
             TakeTipFont();
             break;
+        case WM_PAINT:
+            PaintEmpty();
+            break;
         case WM_GETDLGCODE:
             if (wParam == VK_RETURN) result |= DLGC_WANTMESSAGE;
             break;

@@ -152,6 +152,7 @@ private:
 
     [[nodiscard]] bool HasHint() const;
     void DrawHint(HDC dc);
+    void PaintEmpty();
     void OnHover();
     void HideTip();
     void TakeTipFont() const;

@@ -54,6 +54,20 @@ void CVMRListBox<TOwner, TElement>::DrawHint(HDC dc) {
     BitBlt(dc, 0, 0, client.right, client.bottom, buffer, 0, 0, SRCCOPY);
 }
 
+// The system marks where the first row would be, in colours of its own, while the list has the keyboard.
+template <typename TOwner, typename TElement>
+void CVMRListBox<TOwner, TElement>::PaintEmpty() {
+    if (GetCount() != 0) return;
+    const tvClientDC dc(m_hWnd);
+    RECT client{};
+    GetClientRect(m_hWnd, &client);
+    if (HasHint()) {
+        DrawHint(dc.Get());
+    } else if (!TheTheme().m_isSystemDefault) {
+        FillSolid(dc.Get(), client, GetBackColor());
+    }
+}
+
 // --- Tool tips ---
 
 template <typename TOwner, typename TElement>

@@ -162,6 +162,21 @@ TEST_P(SaysThatNothingMatches, InGrayInTheMiddleAtTheTop) {
     EXPECT_LE(ink.bottom, TheTheme().m_marginY + TheTheme().TextHeight(List().m_font, nullptr));
 }
 
+TEST_P(SaysThatNothingMatches, AlsoWhileTheListHasTheKeyboard) {
+    UseTheme(GetParam());
+    OpenWith({u"a"});
+    SearchFor(u"x");
+    ASSERT_EQ(GetFocus(), ListWindow());
+    EXPECT_NEAR(Width(Ink(ClientOf(ListWindow()))), InkWidthIn(ListWindow(), u"No matching results"), 2);
+}
+
+TEST_F(ItemListDraw, AnEmptyListWithTheKeyboardIsPlain) {
+    UseTheme(u"Dark");
+    OpenWith({});
+    ASSERT_EQ(GetFocus(), ListWindow());
+    EXPECT_EQ(Width(Ink(ClientOf(ListWindow()))), 0);
+}
+
 TEST_F(ItemListDraw, SaysNothingWhileSomethingMatches) {
     OpenWith({u"a", u"x"});
     SearchFor(u"x");
