@@ -58,12 +58,16 @@ public:
 
     // --- Commands ---
 
-    // Add an element, whether it matches or not, and select it alone.
+    // Add an element, whether it matches or not, and select it alone. Some compilers look into both.
     void AddNew() requires kIsItems {
-        if (m_Source != nullptr) ShowNew(TheDatabase().AddNewItem(m_Source));
+        if constexpr (kIsItems) {
+            if (m_Source != nullptr) ShowNew(TheDatabase().AddNewItem(m_Source));
+        }
     }
     void AddNew(const tvstring& text) requires(!kIsItems) {
-        if (m_Source != nullptr) ShowNew(TheDatabase().AddNewEntry(text, m_Source));
+        if constexpr (!kIsItems) {
+            if (m_Source != nullptr) ShowNew(TheDatabase().AddNewEntry(text, m_Source));
+        }
     }
 
     void RemoveSelected();
