@@ -99,7 +99,8 @@ TEST_F(DetailHover, OffersToModifyAnEmptyFieldOnly) {
 TEST_F(DetailHover, TakesTheDateForTheName) {
     OpenPane();
     const FieldBox name = Field(kName);
-    MoveMouse(PaneWindow(), name.m_hitRect.left + 3, name.m_hitRect.bottom - 3);
+    const LONG date = name.m_textRect.bottom + TheTheme().m_borderWidth;
+    MoveMouse(PaneWindow(), name.m_hitRect.left + 3, date + 5);
     EXPECT_TRUE(PumpUntil([this] { return Pane().m_hotField == kName; }));
     EXPECT_EQ(Shown(), "modify");
     EXPECT_EQ(TipOf(Pane().m_modifyHover), u"Rename Password Item");
