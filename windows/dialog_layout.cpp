@@ -6,6 +6,7 @@
 #include "toolkit/draw.h"
 #include "toolkit/handle.h"
 #include "toolkit/rect.h"
+#include "toolkit/scroll_box.h"
 #include "toolkit/text_draw.h"
 #include "toolkit/theme.h"
 
@@ -27,8 +28,12 @@ int HeightOfText(HWND dialog, HFONT font, const tvstring& text, int width, UINT 
 
 SIZE SizeOf(const tvWnd& window) {
     RECT rect{};
-    GetWindowRect(window.Handle(), &rect);
+    GetWindowRect(tvScrollBox::OuterOf(window.Handle()), &rect);
     return {rect.right - rect.left, rect.bottom - rect.top};
+}
+
+RECT PlaceOf(const tvWnd& window) {
+    return PlaceInParent(tvScrollBox::OuterOf(window.Handle()));
 }
 
 void MoveTo(const tvWnd& window, int x, int y) {

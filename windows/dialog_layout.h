@@ -17,7 +17,10 @@ int FittingContentWidth(int width, int buttonWidth);
 // The height of a text that is drawn with these flags into a rectangle of this width, on a dialog's surface.
 int HeightOfText(HWND dialog, HFONT font, const tvstring& text, int width, UINT flags);
 
+// Of a control of the dialog, with the scroll box that it may stand in; and its place in the dialog.
 SIZE SizeOf(const tvWnd& window);
+RECT PlaceOf(const tvWnd& window);
+
 void MoveTo(const tvWnd& window, int x, int y);
 void Place(const tvWnd& window, const RECT& rect);
 

@@ -139,8 +139,8 @@ void CVMRMergeItemDlg::OnPaintDlg(HDC dc, const RECT& rect) {
     const tvSelected font(dc, m_font);
     DrawTextIn(dc, InfoText(), content, kParagraphFlags);
     RECT frame = content;
-    frame.top = PlaceInParent(m_radio2.Handle()).bottom + theme.m_marginY / 2;
-    frame.bottom = PlaceInParent(m_okBtn.Handle()).top - theme.m_marginY;
+    frame.top = PlaceOf(m_radio2).bottom + theme.m_marginY / 2;
+    frame.bottom = PlaceOf(m_okBtn).top - theme.m_marginY;
     DrawGroupFrame(dc, frame);
     DrawTextIn(dc, m_Preview, Inset(frame, theme.m_marginX, theme.m_marginY / 2), kPreviewFlags);
 }

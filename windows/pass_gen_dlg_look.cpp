@@ -109,8 +109,8 @@ void CVMRPassGenDlg::DrawGroup(HDC dc, const RECT& content) const {
     RECT text{};
     const int height = MeasureText(Texts().title, DT_SINGLELINE, dc, text) + kHeadingExtra;
     RECT frame = content;
-    frame.top = PlaceInParent(m_passwordEdit.Handle()).bottom + theme.m_marginY + height / 2;
-    frame.bottom = PlaceInParent(m_okBtn.Handle()).top - theme.m_marginY;
+    frame.top = PlaceOf(m_passwordEdit).bottom + theme.m_marginY + height / 2;
+    frame.bottom = PlaceOf(m_okBtn).top - theme.m_marginY;
     DrawGroupFrame(dc, frame);
     const RECT box = BoxAt(static_cast<int>(content.left) + theme.m_marginX,
                            static_cast<int>(frame.top) - height / 2, Width(text) + kHeadingAround, height);
@@ -119,7 +119,7 @@ void CVMRPassGenDlg::DrawGroup(HDC dc, const RECT& content) const {
 }
 
 void CVMRPassGenDlg::DrawAbove(HDC dc, const tvWnd& control, const tvstring& text, UINT flags) const {
-    RECT place = PlaceInParent(control.Handle());
+    RECT place = PlaceOf(control);
     place.bottom = place.top;
     place.top -= TheTheme().m_borderWidth + TheTheme().TextHeight(m_font, nullptr);
     DrawTextIn(dc, text, place, flags);

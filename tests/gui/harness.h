@@ -163,6 +163,9 @@ public:
 
     bool operator==(const Picture&) const = default;
 
+    // A rectangle of it, cut to what there is.
+    [[nodiscard]] Picture Part(const RECT& rect) const;
+
     // For looking at: a bitmap file.
     bool Save(const char* path) const;
 

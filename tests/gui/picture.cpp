@@ -63,6 +63,20 @@ int Picture::Count(COLORREF color) const {
     return static_cast<int>(std::count(m_Pixels.begin(), m_Pixels.end(), SwapRedAndBlue(color)));
 }
 
+Picture Picture::Part(const RECT& rect) const {
+    const RECT all{0, 0, m_Width, m_Height};
+    RECT cut{};
+    Picture part;
+    if (IntersectRect(&cut, &rect, &all) == FALSE) return part;
+    part.m_Width = cut.right - cut.left;
+    part.m_Height = cut.bottom - cut.top;
+    for (int y = cut.top; y < cut.bottom; ++y) {
+        const auto row = m_Pixels.begin() + static_cast<std::ptrdiff_t>(y) * m_Width;
+        part.m_Pixels.insert(part.m_Pixels.end(), row + cut.left, row + cut.right);
+    }
+    return part;
+}
+
 bool Picture::Save(const char* path) const {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path, "wb"), std::fclose);
     if (file == nullptr || m_Pixels.empty()) return false;
