@@ -110,6 +110,11 @@ bool IsKeyDown(int key) {
     return (GetAsyncKeyState(key) & 0x8000) != 0;
 }
 
+// It is down, or has been since this was asked last.
+bool WasKeyDown(int key) {
+    return (GetAsyncKeyState(key) & 0x8001) != 0;
+}
+
 constexpr struct {
     unsigned bit;
     WORD key;
@@ -202,10 +207,13 @@ void RollWheel(HWND window, int x, int y, int notches) {
     LetItTakeEffect();
 }
 
+// A window that the key brings to the front may let go of it at once, see HoldKeys: the key has been taken
+// all the same, and must not come again.
 void KeyDown(WORD key) {
     constexpr int kSoon = 1000;
-    const auto isTaken = [key] { return IsKeyDown(key); };
+    const auto isTaken = [key] { return WasKeyDown(key); };
     KeepForeground();
+    WasKeyDown(key);  // what was before is forgotten
     SendKey(key, 0);
     if (!Await(isTaken, kSoon)) {
         KeepForeground();

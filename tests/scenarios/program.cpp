@@ -1,10 +1,13 @@
 #include "tests/scenarios/program.h"
 
 #include <sstream>
+#include <vector>
 
 #include "foundation/path.h"
 
 namespace {
+
+constexpr int kStartLimit = 20000;  // milliseconds
 
 struct Search {
     DWORD process;
@@ -42,6 +45,26 @@ HWND Find(DWORD process, bool dialogs, const wchar_t* className = nullptr) {
     Search search{process, dialogs, className, nullptr};
     EnumWindows(Look, reinterpret_cast<LPARAM>(&search));
     return search.found;
+}
+
+struct Windows {
+    DWORD process;
+    std::vector<HWND> found;
+};
+
+BOOL CALLBACK TakeVisible(HWND window, LPARAM lParam) {
+    auto* windows = reinterpret_cast<Windows*>(lParam);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    if (process == windows->process && IsWindowVisible(window) != FALSE) windows->found.push_back(window);
+    return TRUE;
+}
+
+// Null also if there are several.
+HWND OnlyWindow(DWORD process) {
+    Windows windows{process, {}};
+    EnumWindows(TakeVisible, reinterpret_cast<LPARAM>(&windows));
+    return windows.found.size() == 1 ? windows.found.front() : nullptr;
 }
 
 // True if the window is in front, has the keyboard, waits for what comes and takes it. A foreground that was
@@ -160,12 +183,24 @@ HWND Program::StartAsking(const tvstring& arguments) {
     return Launch(u"vaultmere.exe", arguments) ? WaitForDialog() : nullptr;
 }
 
-bool Program::Launch(const tvstring& program, const tvstring& arguments) {
-    constexpr int kStartLimit = 20000;
+HWND Program::StartRefusing(const tvstring& program, const tvstring& arguments) {
+    Begin(program, arguments);
+    HWND message = nullptr;
+    EXPECT_TRUE(
+        PumpUntil([&] { return (message = OnlyWindow(m_Id)) != nullptr && IsReady(message); }, kStartLimit))
+        << "no message comes" << Describe(message);
+    return message;
+}
+
+void Program::Begin(const tvstring& program, const tvstring& arguments) {
     if (m_Process != nullptr) CloseHandle(m_Process);
     const PROCESS_INFORMATION process = CreateProcessOf(program, arguments);
     m_Process = process.hProcess;
     m_Id = process.dwProcessId;
+}
+
+bool Program::Launch(const tvstring& program, const tvstring& arguments) {
+    Begin(program, arguments);
     const bool isThere = PumpUntil([this] { return (m_Main = Find(m_Id, false)) != nullptr; }, kStartLimit);
     EXPECT_TRUE(isThere) << "no main window comes";
     return isThere;

@@ -25,6 +25,10 @@ public:
     // The same for a copy of the program in another folder.
     bool StartCopy(const tvstring& program, const tvstring& arguments = {});
 
+    // Starts a copy that gets no further than a message, and gives that: it has no other window. Null, with a
+    // failure of the test, if none comes.
+    HWND StartRefusing(const tvstring& program, const tvstring& arguments = {});
+
     // Starts it and waits for its end; gives its exit code.
     static DWORD Run(const tvstring& program, const tvstring& arguments);
 
@@ -58,6 +62,7 @@ public:
     [[nodiscard]] bool Quit();
 
 private:
+    void Begin(const tvstring& program, const tvstring& arguments);
     bool Launch(const tvstring& program, const tvstring& arguments);
 
     HANDLE m_Process = nullptr;
