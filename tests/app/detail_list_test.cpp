@@ -240,6 +240,21 @@ TEST_F(DetailList, SelectsTheRowsThatWereChanged) {
     EXPECT_EQ(changed(nullptr, {0}, false), "0101");
 }
 
+// Of another item, or no longer of any.
+TEST_F(DetailList, SelectsNothingForAnEntryThatHasNoRow) {
+    AddEntries(2);
+    OpenPane();
+    Select({0});
+    ElementArray elements{TheDatabase().m_Head};
+    Main().OnAppNotify(APPN_ROWSCHANGED, AsArgument(static_cast<VMRD_Object*>(&Item())),
+                       AsArgument(&elements), 1);
+    EXPECT_EQ(List().GetSel(0), 1);
+    EXPECT_EQ(List().GetSelCount(), 1);
+    Main().OnAppNotify(APPN_ROWSCHANGED, AsArgument(static_cast<VMRD_Object*>(&Item())),
+                       AsArgument(&elements), 0);
+    EXPECT_EQ(List().GetSelCount(), 0);
+}
+
 // --- Adding and modifying ---
 
 TEST_F(DetailList, AddsAnEntryOfSeveralLines) {

@@ -3,6 +3,7 @@
 
 #include "foundation/path.h"
 #include "foundation/registry.h"
+#include "tests/app/import_slot.h"
 #include "tests/app/language_stage.h"
 
 namespace {
@@ -99,6 +100,76 @@ TEST_F(FileTypeTest, KnowsItsOwnNameWhateverTheCase) {
     EXPECT_FALSE(Exists(kExtension));
 }
 
+// --- A registry that fails ---
+
+// While it lives one call after some others, or each from there on, is refused.
+class RefusedWrites {
+public:
+    enum class From { Value, Key };
+    static constexpr int kAll = 1000;
+
+    explicit RefusedWrites(From from, int after, int times = 1)
+        : m_Slot(L"advapi32.dll", from == From::Value ? "RegSetValueExW" : "RegCreateKeyExW",
+                 from == From::Value ? reinterpret_cast<ULONG_PTR>(&SetValue)
+                                     : reinterpret_cast<ULONG_PTR>(&CreateKey)) {
+        s_After = after;
+        s_Times = times;
+        s_Real = m_Slot.Real();
+    }
+
+private:
+    static bool Refuses() { return s_After-- <= 0 && s_Times-- > 0; }
+    static LSTATUS WINAPI SetValue(HKEY key, LPCWSTR name, DWORD reserved, DWORD type, const BYTE* data,
+                                   DWORD size) {
+        if (Refuses()) return ERROR_ACCESS_DENIED;
+        return reinterpret_cast<decltype(&RegSetValueExW)>(s_Real)(key, name, reserved, type, data, size);
+    }
+    static LSTATUS WINAPI CreateKey(HKEY parent, LPCWSTR name, DWORD reserved, LPWSTR type, DWORD options,
+                                    REGSAM access, LPSECURITY_ATTRIBUTES security, PHKEY key,
+                                    LPDWORD outcome) {
+        if (Refuses()) return ERROR_ACCESS_DENIED;
+        return reinterpret_cast<decltype(&RegCreateKeyExW)>(s_Real)(parent, name, reserved, type, options,
+                                                                    access, security, key, outcome);
+    }
+
+    static inline int s_After = 0;
+    static inline int s_Times = 0;
+    static inline ULONG_PTR s_Real = 0;
+    ImportSlot m_Slot;
+};
+
+class FileTypeRefused : public FileTypeTest, public testing::WithParamInterface<RefusedWrites::From> {
+protected:
+    static constexpr const char16_t* kInOrder[] = {kExtension, kProgram, kIcon, kCommand};
+};
+INSTANTIATE_TEST_SUITE_P(Calls, FileTypeRefused,
+                         testing::Values(RefusedWrites::From::Value, RefusedWrites::From::Key),
+                         [](const auto& from) {
+                             return from.param == RefusedWrites::From::Value ? "Value" : "Key";
+                         });
+
+TEST_P(FileTypeRefused, OneTextLeavesTheOthersAndSaysNothing) {
+    const DuringModal nothing({});  // fails once a dialog stays
+    for (int refused = 0; refused < 4; ++refused) {
+        ForgetAll();
+        {
+            const RefusedWrites refusal(GetParam(), refused);
+            EXPECT_TRUE(RegisterFileType(FileType::Add));
+        }
+        for (int i = 0; i < 4; ++i)
+            EXPECT_EQ(DefaultOf(kInOrder[i]).empty(), i == refused) << i << " of " << refused;
+    }
+}
+
+TEST_P(FileTypeRefused, AltogetherStillSucceeds) {
+    {
+        const RefusedWrites refusal(GetParam(), 0, RefusedWrites::kAll);
+        EXPECT_TRUE(RegisterFileType(FileType::Add));
+    }
+    for (const char16_t* subkey : kInOrder)
+        EXPECT_EQ(DefaultOf(subkey), u"");
+}
+
 // --- Asking ---
 
 class FileTypePrompt : public FileTypeTest {
@@ -160,6 +231,17 @@ TEST_F(FileTypePrompt, DoesNothingWhenClosedByItsCross) {
     }});
     EXPECT_FALSE(PromptFileType());
     ExpectNothingWritten();
+    ExpectUsualCaptions();
+}
+
+TEST_F(FileTypePrompt, ClosesAsUsualIfNothingCanBeWritten) {
+    {
+        const RefusedWrites refusal(RefusedWrites::From::Value, 0, RefusedWrites::kAll);
+        const DuringModal steps({AnswerBox(IDYES)});
+        EXPECT_TRUE(PromptFileType());
+    }
+    EXPECT_EQ(DefaultOf(kExtension), u"");
+    EXPECT_EQ(FrontDialog(), Window());
     ExpectUsualCaptions();
 }
 

@@ -433,6 +433,30 @@ TEST_F(LeftDlg, WhatAnUndoHasTouchedIsSelected) {
     EXPECT_EQ(Rows(), "[a][b][c*]");
 }
 
+// An item that is not in the list, since the search leaves it out or since it is gone.
+TEST_F(LeftDlg, AnItemOfAnUndoWithoutARowIsNotSelected) {
+    OpenWith({u"a", u"b", u"c"});
+    ElementArray hidden{TheDatabase().Tail()};
+    const NotifyArgument owner = AsArgument(static_cast<VMRD_Object*>(&TheDatabase()));
+    SearchFor(u"a");
+    ASSERT_EQ(Rows(), "[a]");
+    Select({0});
+    Main().OnAppNotify(APPN_ROWSCHANGED, owner, AsArgument(&hidden), 1);
+    EXPECT_EQ(Rows(), "[a*]");
+    Main().OnAppNotify(APPN_ROWSCHANGED, owner, AsArgument(&hidden), 0);
+    EXPECT_EQ(Rows(), "[a]");
+}
+
+TEST_F(LeftDlg, AnItemThatAnUndoTookAwayHasItsNeighboursUnselected) {
+    OpenWith({u"a", u"b"});
+    VMRD_DB& database = TheDatabase();
+    ASSERT_NE(database.AddNewItem(&database), nullptr);
+    Main().OnAppNotify(APPN_DBLIST, 0, 2, 0);
+    ASSERT_EQ(List().GetCount(), 3);
+    Command(CMD_UNDO);
+    EXPECT_EQ(Rows(), "[a][b]");
+}
+
 TEST_F(LeftDlg, HearsNothingWithoutAWindow) {
     CVMRLeftDlg pane;
     for (const i32 code : {APPN_LANGUAGE, APPN_ITEMCHANGED, APPN_FILTERCHANGED, APPN_DBLIST})

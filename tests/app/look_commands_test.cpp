@@ -1,6 +1,8 @@
 // The commands that choose a theme or a language.
+#include "foundation/path.h"
 #include "tests/app/language_stage.h"
 #include "tests/app/menu_stage.h"
+#include "tests/app/text_file.h"
 #include "toolkit/theme.h"
 
 namespace {
@@ -123,6 +125,90 @@ TEST_F(ManyThemes, AreNoLanguages) {
         EXPECT_EQ(Language().Current(), u"english.ini") << id;
         EXPECT_EQ(TheTheme().m_name, u"Light") << id;
     }
+}
+
+// The menu ends where the ids of languages begin: the themes behind are not in it.
+TEST_F(ManyThemes, HaveNoRowWithAnIdOfALanguage) {
+    const tvMenu* themes = TheAppData().mainMenu.FindOwner(CMD_FIRST_THEME);
+    ASSERT_NE(themes, nullptr);
+    ASSERT_EQ(themes->GetItemCount(), CMD_FIRST_LANGUAGE - CMD_FIRST_THEME);
+    EXPECT_EQ(GetMenuItemID(themes->Handle(), themes->GetItemCount() - 1), CMD_FIRST_LANGUAGE - 1U);
+    EXPECT_NE(TheAppData().mainMenu.FindOwner(CMD_FIRST_LANGUAGE), themes);
+}
+
+// --- More languages than ids ---
+
+class ManyLanguages : public CommandTest {
+protected:
+    static constexpr int kMany = 104;  // with English; there are 101 ids
+
+    ManyLanguages() {
+        EXPECT_TRUE(CreateDirectories(ProgramPath(u"Lang")));
+        for (int i = 1; i < kMany; ++i) {
+            tvstring text = u"[.info]\r\nname=";
+            text.append(Name(i)).append(u"\r\n[global]\r\nundo=Undo ").append(Name(i)).append(u"\r\n");
+            WriteTextFile(File(i), text);
+        }
+        Language().EnumLanguages();
+        TheAppData().BuildMenus();
+        EXPECT_EQ(Language().Languages().size(), std::size_t{kMany});
+    }
+    ~ManyLanguages() override {
+        Close();
+        TheAppData().LoadStoreLang(LoadStore::Store, u"english.ini");
+        for (int i = 1; i < kMany; ++i)
+            DeleteFileW(Wide(File(i).c_str()));
+        RemoveDirectoryW(Wide(ProgramPath(u"Lang").c_str()));
+        Language().EnumLanguages();
+        TheAppData().BuildMenus();
+    }
+
+    static tvstring Name(int index) { return Units(std::to_wstring(index).c_str()); }
+    static tvstring FileOf(u16 id) {
+        const std::size_t index = id - std::size_t{CMD_FIRST_LANGUAGE};
+        return Language().Languages()[index].m_File;
+    }
+
+private:
+    static tvstring File(int index) {
+        tvstring name = u"app-tests-many-";
+        return JoinPath(ProgramPath(u"Lang"), name.append(Name(index)).append(u".ini"));
+    }
+};
+
+TEST_F(ManyLanguages, HaveARowEach) {
+    tvMenu& menu = TheAppData().mainMenu;
+    const tvMenu* languages = menu.FindOwner(CMD_FIRST_LANGUAGE);
+    ASSERT_NE(languages, nullptr);
+    EXPECT_EQ(languages->GetItemCount(), kMany);
+    EXPECT_EQ(RowText(menu, CMD_FIRST_LANGUAGE), u"English");
+    EXPECT_EQ(RowText(menu, CMD_LAST_LANGUAGE + 3), Language().Languages()[kMany - 1].m_Name);
+}
+
+TEST_F(ManyLanguages, AreChosenUpToTheLastId) {
+    OpenNoting();
+    NotesOf(CMD_LAST_LANGUAGE);
+    EXPECT_EQ(Language().Current(), FileOf(CMD_LAST_LANGUAGE));
+    EXPECT_EQ(KeptText(u"Lang"), FileOf(CMD_LAST_LANGUAGE));
+}
+
+TEST_F(ManyLanguages, BehindTheLastIdDoNothing) {
+    OpenNoting();
+    for (const u16 id :
+         {u16{CMD_LAST_LANGUAGE + 1}, u16{CMD_LAST_LANGUAGE + 2}, u16{CMD_LAST_LANGUAGE + 3}}) {
+        EXPECT_EQ(NotesOf(id), kNothing) << id;
+        EXPECT_EQ(Language().Current(), u"english.ini") << id;
+        EXPECT_EQ(KeptText(u"Lang"), u"") << id;
+    }
+}
+
+// It may be the one of the settings.
+TEST_F(ManyLanguages, BehindTheLastIdAreCheckedWhileTheyAreInForce) {
+    constexpr u16 kBehind = CMD_LAST_LANGUAGE + 2;
+    TheAppData().LoadStoreLang(LoadStore::Store, FileOf(kBehind));
+    ASSERT_TRUE(TheAppData().UpdateMainMenu());
+    EXPECT_EQ(CheckedIn(TheAppData().mainMenu, CMD_FIRST_LANGUAGE, CMD_LAST_LANGUAGE + 3),
+              std::to_string(kBehind));
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "toolkit/win32.h"
+#include "tests/app/import_slot.h"
 
 class ShellCalls {
 public:
@@ -17,14 +17,8 @@ public:
         int show;
     };
 
-    ShellCalls() : m_Slot(FindSlot()) {
-        s_Calls = this;
-        m_Real = Replace(reinterpret_cast<ULONG_PTR>(&Note));
-    }
-    ~ShellCalls() {
-        Replace(m_Real);
-        s_Calls = nullptr;
-    }
+    ShellCalls() { s_Calls = this; }
+    ~ShellCalls() { s_Calls = nullptr; }
     ShellCalls(const ShellCalls&) = delete;
     ShellCalls& operator=(const ShellCalls&) = delete;
 
@@ -49,38 +43,9 @@ private:
         return reinterpret_cast<HINSTANCE>(fails ? kFailure : kSuccess);  // NOLINT(performance-no-int-to-ptr)
     }
 
-    // Where the test program keeps the function's address.
-    static ULONG_PTR* FindSlot() {
-        auto* base = reinterpret_cast<BYTE*>(GetModuleHandleW(nullptr));
-        const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-        const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
-        const auto& imports = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-        const auto wanted =
-            reinterpret_cast<ULONG_PTR>(GetProcAddress(GetModuleHandleW(L"shell32.dll"), "ShellExecuteW"));
-        const auto* library = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + imports.VirtualAddress);
-        for (; library->Name != 0; ++library) {
-            auto* slot = reinterpret_cast<ULONG_PTR*>(base + library->FirstThunk);
-            for (; *slot != 0; ++slot)
-                if (*slot == wanted) return slot;
-        }
-        return nullptr;
-    }
-
-    // Gives the address that was there.
-    ULONG_PTR Replace(ULONG_PTR function) const {
-        if (m_Slot == nullptr) return 0;
-        DWORD protection = 0;
-        VirtualProtect(m_Slot, sizeof *m_Slot, PAGE_READWRITE, &protection);
-        const ULONG_PTR old = *m_Slot;
-        *m_Slot = function;
-        VirtualProtect(m_Slot, sizeof *m_Slot, protection, &protection);
-        return old;
-    }
-
     static inline ShellCalls* s_Calls = nullptr;
     std::vector<Call> m_Calls;
     bool m_Fails = false;
     DWORD m_Error = 0;
-    ULONG_PTR* m_Slot;
-    ULONG_PTR m_Real = 0;
+    ImportSlot m_Slot{L"shell32.dll", "ShellExecuteW", reinterpret_cast<ULONG_PTR>(&Note)};
 };
