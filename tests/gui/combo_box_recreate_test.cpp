@@ -218,6 +218,26 @@ TEST_P(ComboRecreate, DropsDownAsFarAsBefore) {
     }
 }
 
+TEST_P(ComboRecreate, KeepsItsTurnWhenTheFocusGoesRound) {
+    const HWND last = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 10, 100, 60, 20,
+                                      m_Dialog.Handle(), nullptr, nullptr, nullptr);
+    const auto focused = [this] {
+        const HWND focus = GetFocus();
+        return IsChild(m_Combo.Handle(), focus) != FALSE ? m_Combo.Handle() : focus;
+    };
+    for (const std::u16string_view theme : {kSystem, kDark, kSystem}) {
+        Switch(theme);
+        PumpQueue();
+        Focus(m_Dialog, m_Dialog.Item(kOther));
+        TypeInDialog(m_Dialog, VK_TAB);
+        EXPECT_EQ(focused(), m_Combo.Handle());
+        TypeInDialog(m_Dialog, VK_TAB);
+        EXPECT_EQ(focused(), last);
+        TypeInDialog(m_Dialog, VK_TAB);
+        EXPECT_EQ(focused(), m_Dialog.Item(kOther));
+    }
+}
+
 TEST_P(ComboRecreate, KeepsTheKeyboard) {
     for (const std::u16string_view theme : {kSystem, kDark}) {
         SetFocus(m_Combo.Handle());

@@ -74,6 +74,21 @@ TEST_P(EditSecretEnds, InABoxThatIsToldSo) {
     }
 }
 
+// Longer than the texts that are covered step by small step.
+TEST_P(EditSecretEnds, HoweverLongItIs) {
+    for (const u32 style : {u32{ES_PASSWORD}, u32{ES_MULTILINE}}) {
+        for (const std::size_t length : {1025, 1500}) {
+            ASSERT_EQ(CountSecrets(), 0);
+            EditStage stage(GetParam(), style, [](tvEdit& edit) { edit.KeepSecret(); });
+            SetSecret(stage.Window(), length);
+            EXPECT_GE(CountSecrets(), static_cast<int>(length / 26) - 3) << "it is found all along the text";
+            stage.dialog.Close();
+            EXPECT_EQ(CountSecrets(), 0) << style << ", " << length;
+            ForgetSecrets();
+        }
+    }
+}
+
 TEST_P(EditSecretEnds, AlsoIfTheBoxCannotBeTypedInto) {
     EditStage stage(GetParam(), ES_PASSWORD | ES_READONLY);
     stage.input.Send(EM_SETLIMITTEXT, 5);
@@ -141,6 +156,19 @@ TEST(EditWipe, OverwritesWhatCouldBeUndone) {
     stage.input.Wipe();
     EXPECT_LT(CountSecrets(), before);
     ForgetSecrets();
+}
+
+TEST(EditWipe, EmptiesTheBoxOfALongSecret) {
+    for (const u32 style : {u32{ES_PASSWORD}, u32{ES_MULTILINE}}) {
+        EditStage stage(kLight, style);
+        SetSecret(stage.Window(), 1500);
+        ASSERT_EQ(GetWindowTextLengthW(stage.Window()), 1500);
+        stage.input.Wipe();
+        EXPECT_EQ(GetWindowTextLengthW(stage.Window()), 0);
+        EXPECT_FALSE(stage.input.Send(EM_CANUNDO));
+        EXPECT_EQ(CountSecrets(), 0) << style;
+        ForgetSecrets();
+    }
 }
 
 TEST(EditWipe, IsSilentWhenTheDialogGoes) {
