@@ -131,6 +131,32 @@ TEST_F(TopBar, EndsALongNameInDotsBeforeTheButtons) {
     }
 }
 
+// As a path would: the dots stand in front of the last backslash.
+TEST_F(TopBar, KeepsWhatFollowsTheLastBackslashOfALongName) {
+    OpenDatabase(u"WW");
+    Rename(u"\\Tail");
+    const RECT whole = NameInk();
+    const Picture tail(Bar());
+    tvstring name(400, u'W');
+    Rename(name.append(u"\\Tail").c_str());
+    const RECT ink = NameInk();
+    const Picture shortened(Bar());
+    ASSERT_LT(ink.right, LeftOf(CMD_RENAME));
+    ASSERT_GT(ink.right, whole.right + WidthIn(Bar(), u"WWW")) << "a part of the folder stays";
+    const LONG width = WidthIn(Bar(), u"Tail") - 1;
+    for (LONG x = 0; x < width; ++x) {
+        for (LONG y = 0; y < ClientOf(Bar()).bottom; ++y) {
+            ASSERT_EQ(shortened.At(ink.right - width + x, y), tail.At(whole.right - width + x, y))
+                << x << ", " << y;
+        }
+    }
+    const LONG dots = ink.right - WidthIn(Bar(), u"...\\Tail") + 2;
+    const RECT before = InkIn(shortened, TheTheme().m_button,
+                              {dots, ink.top, ink.right - WidthIn(Bar(), u"\\Tail") - 1, ink.bottom});
+    EXPECT_GT(before.top, (ink.top + ink.bottom) / 2) << "nothing but dots";
+    EXPECT_LT(before.top, before.bottom);
+}
+
 TEST_F(TopBar, PaintsTheNameAnewInANewFont) {
     const KeepFont keep;
     OpenDatabase(u"WW");

@@ -1,6 +1,7 @@
 // What a combo box looks like under a colour theme.
 #include "tests/gui/input_stage.h"
 #include "toolkit/combo_box.h"
+#include "toolkit/mouse_place.h"
 
 namespace {
 
@@ -116,6 +117,33 @@ TEST_P(ComboBoxDraw, FollowsTheMouse) {
     MoveMouseAway();
     EXPECT_TRUE(PumpUntil([&] { return Look().At(90, 2) == theme.m_button; }));
     ExpectLook(theme.m_button, theme.m_border);
+}
+
+// Only its own capture makes it active. Under another one it is told of no mouse, and looks as it did until
+// it is painted; then it goes by where the mouse is.
+TEST_P(ComboBoxDraw, IsNotActiveWhileAnotherWindowHasTheCapture) {
+    const HWND other = m_Dialog.Item(kOther);
+    const auto painted = [this] {
+        TheMousePlace().Forget();
+        InvalidateRect(m_Combo.Handle(), nullptr, FALSE);
+        Look();
+        return m_Combo.m_states.back();
+    };
+    Make(kList);
+    SetCapture(other);
+    EXPECT_EQ(painted(), tvComboBox::STATE_IDLE);
+    const auto count = m_Combo.m_states.size();
+    MoveMouse(m_Combo.Handle(), 40, 6);
+    Look();
+    EXPECT_EQ(m_Combo.m_states.size(), count) << "nobody tells it";
+    EXPECT_EQ(painted(), tvComboBox::STATE_HOT);
+    SetCapture(m_Combo.Handle());
+    EXPECT_EQ(painted(), tvComboBox::STATE_ACTIVE);
+    SetCapture(other);
+    MoveMouseAway();
+    EXPECT_EQ(painted(), tvComboBox::STATE_IDLE);
+    ReleaseCapture();
+    EXPECT_EQ(painted(), tvComboBox::STATE_IDLE);
 }
 
 TEST_P(ComboBoxDraw, FollowsTheMouseOverItsEditBox) {

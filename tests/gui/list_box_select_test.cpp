@@ -1,6 +1,7 @@
 // The selection of a list box: mouse, keyboard, notices, copying and finding.
 #include "tests/gui/list_box_harness.h"
 #include "tests/gui/plain_window.h"
+#include "toolkit/control_state.h"
 
 namespace {
 
@@ -263,6 +264,39 @@ TEST_F(RightDrag, AboveTheWindowTakesTheRowAtItsTop) {
     DragTo(MiddleOf(0));  // over the title bar the window's own menu would open
     ReleaseButton();
     EXPECT_EQ(Selected(), (Rows{0, 1, 2}));
+}
+
+// Beside the list there is no row, as there is none below it.
+TEST_F(RightDrag, ToTheSideOfTheListEndsWithTheLast) {
+    AddRows(5);
+    const LONG width = ClientOf(Window()).right;
+    for (const LONG x : {-4L, width + 20}) {
+        Select({0});
+        PressAt(MiddleOf(1));
+        DragTo(MiddleOf(2));
+        EXPECT_EQ(Selected(), (Rows{1, 2}));
+        DragTo({x, MiddleOf(3).y});
+        EXPECT_EQ(Selected(), (Rows{1, 2, 3, 4})) << x;
+        DragTo(MiddleOf(0));
+        EXPECT_EQ(Selected(), (Rows{0, 1})) << "it can come back";
+        DragTo({x, MiddleOf(2).y});
+        ReleaseButton();
+        EXPECT_EQ(Selected(), (Rows{1, 2, 3, 4})) << x;
+        EXPECT_GE(Notices(), 1);
+        ForgetNotices();
+    }
+}
+
+// Only the way up or down counts.
+TEST_F(RightDrag, StraightToTheSideIsNoDrag) {
+    AddRows(5);
+    Select({4});
+    PressAt(MiddleOf(1));
+    DragTo({ClientOf(Window()).right + 20, MiddleOf(1).y});
+    EXPECT_EQ(Selected(), Rows{4});
+    ReleaseButton();
+    EXPECT_EQ(Selected(), Rows{4});
+    EXPECT_EQ(Notices(), 0);
 }
 
 // --- Keyboard ---

@@ -1,4 +1,5 @@
 // Two windows of the program at once.
+#include "foundation/tvhandle.h"
 #include "tests/scenarios/program.h"
 
 namespace {
@@ -77,6 +78,29 @@ TEST_F(Instances, TheLastOneClearsTheClipboardIfAnotherWasToldTo) {
     EXPECT_TRUE(IsTextOnTheClipboard());
     ASSERT_TRUE(m_First.Quit());
     EXPECT_FALSE(IsTextOnTheClipboard());
+}
+
+// Something else has the mutex's name: then nobody can tell whether the program is the last.
+TEST_F(Instances, WithoutAMutexTheClipboardIsLeftAlone) {
+    const tvhandle event(CreateEventW(nullptr, TRUE, FALSE, L"Vaultmere_Mutex"));
+    ASSERT_TRUE(event);
+    ASSERT_TRUE(m_First.Start());
+    PutTextOnTheClipboard();
+    ASSERT_TRUE(m_First.Quit());
+    EXPECT_TRUE(IsTextOnTheClipboard());
+}
+
+// Another window has it open. (Two that open it without a window do not keep each other out everywhere.)
+TEST_F(Instances, TheLastOneEndsAlsoIfItDoesNotGetTheClipboard) {
+    HWND holder =
+        CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+    ASSERT_TRUE(m_First.Start());
+    PutTextOnTheClipboard();
+    ASSERT_TRUE(PumpUntil([&] { return OpenClipboard(holder) != FALSE; }));
+    EXPECT_TRUE(m_First.Quit());
+    EXPECT_TRUE(IsTextOnTheClipboard());
+    EXPECT_NE(CloseClipboard(), FALSE) << "it has not been closed under us";
+    DestroyWindow(holder);
 }
 
 TEST_F(Instances, ARunForASwitchClearsNothing) {
