@@ -1,5 +1,6 @@
 // The input dialog: what its button OK asks for, and what comes of its texts.
 #include "tests/app/input_dlg_stage.h"
+#include "tests/gui/secret_memory.h"
 #include "toolkit/app.h"
 #include "windows/command_ids.h"
 
@@ -117,6 +118,41 @@ TEST_F(InputDialog, HasNoTextsIfItIsCancelledAfterItHasRefused) {
         m_Dialog->m_PlainText = 0;
         m_Dialog->m_TwoFields = 1;
     }
+}
+
+// --- Secrets ---
+
+// Entries can be anything, and may be long.
+TEST_F(InputDialog, OfManyLinesLeavesNothingOfItsTextBehind) {
+    for (const int lines : {1, 20}) {
+        ASSERT_EQ(CountSecrets(), 0);
+        Renew();
+        BeMultiLine();
+        Show();
+        for (int i = 0; i < lines; ++i) {
+            m_Dialog->m_edit1.Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(Secret(70).c_str()));
+            m_Dialog->m_edit1.Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L"\r\n"));
+        }
+        EXPECT_GE(CountSecrets(), lines);
+        m_Dialog.reset();
+        EXPECT_EQ(CountSecrets(), 0) << lines;
+        ForgetSecrets();
+    }
+}
+
+TEST_F(InputDialog, OfManyLinesThatGaveItsTextLeavesNothingOfItBehind) {
+    ASSERT_EQ(CountSecrets(), 0);
+    BeMultiLine();
+    const Step put = [this] {
+        Put(kEdit1, Secret().c_str());
+        return true;
+    };
+    EXPECT_EQ(Run({put, PressButton(IDOK)}), IDOK);
+    EXPECT_TRUE(m_Dialog->m_Text == Secret());
+    EXPECT_GE(CountSecrets(), 1);
+    m_Dialog.reset();
+    EXPECT_EQ(CountSecrets(), 0);
+    ForgetSecrets();
 }
 
 // --- The caret ---

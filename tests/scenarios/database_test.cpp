@@ -184,8 +184,7 @@ TEST_P(Database, GetsItsOldNameBackByUndo) {
     EnterTexts(u"new");
     ASSERT_TRUE(m_Program.WaitForNoDialog());
     ASSERT_TRUE(PumpUntil([this] { return m_Program.Sees(kSaveButton); }));
-    Type('Z', HOLD_CTRL);
-    EXPECT_TRUE(PumpUntil([this] { return !m_Program.Sees(kSaveButton); }));
+    EXPECT_TRUE(TypeWithControl('Z', [this] { return !m_Program.Sees(kSaveButton); }));
     m_Program.Choose(u"M");
     dialog = m_Program.WaitForDialog();
     EXPECT_EQ(TextOf(tvWnd::FindDescendant(dialog, kEdit1)), u"old");
@@ -204,8 +203,7 @@ TEST_P(Database, GetsItsOldMasterPasswordBackByUndoWithAWarning) {
     HWND bar = m_Program.Control(2001);
     EXPECT_TRUE(PumpUntil([bar] { return CountPixels(bar, kOtherGround) > 500; })) << "it is told of";
     const u64 told = LookOf(bar);
-    Type('Z', HOLD_CTRL);
-    EXPECT_TRUE(PumpUntil([this] { return !m_Program.Sees(kSaveButton); }));
+    EXPECT_TRUE(TypeWithControl('Z', [this] { return !m_Program.Sees(kSaveButton); }));
     EXPECT_TRUE(PumpUntil([&] { return LookOf(bar) != told && CountPixels(bar, kOtherGround) > 500; }));
     ASSERT_TRUE(m_Program.Quit());
     EXPECT_TRUE(Opens(path, u"secret", u"name"));

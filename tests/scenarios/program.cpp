@@ -138,6 +138,26 @@ PROCESS_INFORMATION CreateProcessOf(const tvstring& program, const tvstring& arg
 
 }  // namespace
 
+bool TypeWithControl(WORD key, const std::function<bool()>& effect) {
+    constexpr int kTries = 3;
+    constexpr int kSoon = 2000;
+    for (int i = 0; i < kTries; ++i) {
+        bool isLost = false;
+        const auto isSettled = [&] {
+            isLost = (GetAsyncKeyState(VK_CONTROL) & 0x8000) == 0;
+            return isLost || effect();
+        };
+        KeyDown(VK_CONTROL);
+        KeyDown(key);
+        KeyUp(key);
+        const bool isOver = PumpUntil(isSettled);
+        const bool hasCome = isLost ? PumpUntil(effect, kSoon) : isOver;
+        KeyUp(VK_CONTROL);
+        if (hasCome || !isLost) return hasCome;
+    }
+    return false;
+}
+
 tvstring TextOf(HWND window) {
     wchar_t text[1024] = {};
     SendMessageW(window, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text));
