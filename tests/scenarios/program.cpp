@@ -116,9 +116,10 @@ void ForEachPixel(HWND window, Take take) {
     RECT rect{};
     GetClientRect(window, &rect);
     MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&rect), 2);
-    for (int y = rect.top; y < rect.bottom; ++y)
+    for (int y = rect.top; y < rect.bottom; ++y) {
         for (int x = rect.left; x < rect.right; ++x)
             take(display.At(x, y));
+    }
 }
 
 PROCESS_INFORMATION CreateProcessOf(const tvstring& program, const tvstring& arguments) {
