@@ -247,8 +247,25 @@ void User::Answer(std::u16string_view text) const {
     Require([this] { return m_Program.WaitForNoDialog(); }, "the question stays");
 }
 
+void User::ClickUntil(HWND window, const std::function<bool()>& condition, const char* what) {
+    constexpr int kTries = 3;
+    for (int i = 0; i < kTries && !condition(); ++i) {
+        Click(window);
+        PumpUntil(condition, kWaitLimit / 2);
+    }
+    Require(condition, what);
+}
+
+HWND User::OpenDialogBy(HWND button) const {
+    ClickUntil(
+        button, [this] { return m_Program.Dialog() != nullptr; }, "nothing is asked");
+    return WaitForDialog();
+}
+
 void User::PressOk(HWND dialog) const {
-    Click(tvWnd::FindDescendant(dialog, kOk));
+    ClickUntil(
+        tvWnd::FindDescendant(dialog, kOk), [this] { return m_Program.Dialog() == nullptr; },
+        "the question stays");
     Require([this] { return m_Program.WaitForNoDialog(); }, "the question stays");
 }
 
@@ -373,8 +390,7 @@ void User::PointAt(Field field) const {
 
 HWND User::OpenDialogAt(Field field) const {
     PointAt(field);
-    Click(m_Program.Control(kModify));
-    return WaitForDialog();
+    return OpenDialogBy(m_Program.Control(kModify));
 }
 
 void User::Modify(Field field, std::u16string_view text) const {
@@ -386,8 +402,9 @@ tvstring User::GeneratePassword() const {
     HWND dialog = OpenDialogAt(Field::Password);
     HWND edit = tvWnd::FindDescendant(dialog, kEdit);
     const tvstring before = TextOf(edit);
-    Click(tvWnd::FindDescendant(dialog, kGenerate));
-    Require([&] { return !TextOf(edit).empty() && TextOf(edit) != before; }, "no password is generated");
+    ClickUntil(
+        tvWnd::FindDescendant(dialog, kGenerate), [&] { return TextOf(edit) != before; },
+        "no password is generated");
     tvstring generated = TextOf(edit);
     PressOk(dialog);
     return generated;
@@ -396,7 +413,7 @@ tvstring User::GeneratePassword() const {
 tvstring User::CopyField(Field field) const {
     ClearClipboard();
     PointAt(field);
-    Click(m_Program.Control(kCopy));
+    ClickUntil(m_Program.Control(kCopy), IsTextOnTheClipboard, "no text is copied");
     return ClipboardText();
 }
 
@@ -412,8 +429,7 @@ void User::PointAtNothing() const {
 
 void User::AddEntry(const tvstring& text) const {
     const int count = CountRows(List::Entries);
-    Click(tvWnd::FindDescendant(RightPane(), kAdd));
-    HWND dialog = WaitForDialog();
+    HWND dialog = OpenDialogBy(tvWnd::FindDescendant(RightPane(), kAdd));
     EnterLines(text);
     Require([&] { return TextOf(tvWnd::FindDescendant(dialog, kEdit)) == text; }, "the lines are not typed");
     PressOk(dialog);

@@ -91,6 +91,9 @@ private:
     void FindFields() const;
     void Sweep(int moment) const;
     void OpenMainMenu() const;
+    // A click that is lost, as under load some are, is made again: only for what a second click cannot undo.
+    static void ClickUntil(HWND window, const std::function<bool()>& condition, const char* what);
+    [[nodiscard]] HWND OpenDialogBy(HWND button) const;
     void ChooseUntil(WORD letter, const std::function<bool()>& condition, const char* what) const;
     [[nodiscard]] int MiddleOf(List list, int row) const;
     void ChooseSearchOption(int downs) const;
