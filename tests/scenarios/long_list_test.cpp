@@ -119,21 +119,16 @@ TEST_P(LongList, ScrollsByTheWheel) {
 // The thumb has its least length here, and stands below the upper arrow.
 TEST_P(LongList, ScrollsByTheThumb) {
     if (GetParam()[0] == u'S') GTEST_SKIP() << "where the system's own thumb is, is not known here";
-    constexpr int kInThumb = 4;  // a thumb of the system's own is shorter than one of the theme
-    // The list is wider than its host where the host has a bar of its own.
     HWND host = GetParent(m_List);
-    RECT rect{};
-    RECT room{};
-    GetWindowRect(m_List, &rect);
-    GetWindowRect(host, &room);
-    IntersectRect(&rect, &rect, &room);
-    MapWindowPoints(nullptr, host, reinterpret_cast<POINT*>(&rect), 2);
-    const int x = static_cast<int>(rect.right) - GetSystemMetrics(SM_CXVSCROLL) / 2;
-    const int y = static_cast<int>(rect.top) + GetSystemMetrics(SM_CYVSCROLL) + kInThumb;
-    const int bottom = static_cast<int>(rect.bottom);
+    RECT client{};
+    GetClientRect(host, &client);
+    const int x = static_cast<int>(client.right) - GetSystemMetrics(SM_CXVSCROLL) / 2;
+    const int arrow = GetSystemMetrics(SM_CYVSCROLL);
+    const int y = arrow + GetSystemMetrics(SM_CYVTHUMB) / 2;
+    const int bottom = static_cast<int>(client.bottom);
     MoveMouse(host, x, y);
     Press();
-    MoveMouse(host, x, static_cast<int>(rect.top + rect.bottom) / 2);
+    MoveMouse(host, x, bottom / 2);
     EXPECT_TRUE(PumpUntil([this] { return std::abs(TopOf(m_List) - kItems / 2) < kItems / 20; }))
         << "it follows the mouse: " << TopOf(m_List);
     MoveMouse(host, x, bottom + 50);
