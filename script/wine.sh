@@ -19,8 +19,11 @@ make_prefix() {
         on_display timeout 300 sh -c 'wineboot -i && wineserver -w' || return 1
     fi
     cp /usr/share/wine/fonts/{marlett,tahoma,tahomabd}.ttf "$WINEPREFIX/drive_c/windows/Fonts/" || return 1
-    # The server stays until it is ended, so that each program starts quickly. One that is just ending is waited for.
-    wineserver -p || { wineserver -w; wineserver -p; } || return 1
+    # The server stays until it is ended, so that each program starts quickly. One that is running already will do; one
+    # that is just ending is waited for.
+    if ! wineserver -p; then
+        if timeout 10 wineserver -w; then wineserver -p || return 1; fi
+    fi
     "${wine[@]}" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f &&
         "${wine[@]}" reg add 'HKCU\Control Panel\Desktop' /v DragFullWindows /d 1 /f
 }

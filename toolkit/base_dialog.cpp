@@ -1,6 +1,7 @@
 #include "toolkit/base_dialog.h"
 
 #include "toolkit/app.h"
+#include "toolkit/control_state.h"
 #include "toolkit/draw.h"
 #include "toolkit/menu_look.h"
 #include "toolkit/statics.h"
@@ -24,10 +25,13 @@ LRESULT BaseColors(HDC dc) {
     return reinterpret_cast<LRESULT>(TheTheme().m_baseBrush.Get());
 }
 
-// Gives the focus to the first control that takes it: of a pane, or else of the window around it.
+// Gives the focus to the first control that takes it: of a pane, or else of the windows around it.
 void FocusFirstTabStop(HWND pane) {
     HWND stop = GetNextDlgTabItem(pane, nullptr, FALSE);
-    if (stop == nullptr) stop = GetNextDlgTabItem(GetParent(pane), nullptr, FALSE);
+    for (HWND around = pane; stop == nullptr && HasStyle(around, WS_CHILD);) {
+        around = GetParent(around);
+        stop = GetNextDlgTabItem(around, nullptr, FALSE);
+    }
     if (stop != nullptr && stop != pane) {
         PostMessageW(pane, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(stop), TRUE);
     }

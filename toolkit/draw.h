@@ -27,6 +27,9 @@ void DrawFocusDots(HDC dc, const RECT& rect, COLORREF color);
 // The part of a window around its client area: filled, then framed by one pixel.
 void FrameNonClient(HWND window, COLORREF fill, COLORREF frame);
 
+// The same for a window with scroll bars of the system's, which has just painted them: the edges alone.
+void FrameAroundBars(HWND window, COLORREF fill, COLORREF frame);
+
 // A rectangle with round corners: `radius` 0 or less is 10. Where the corners do not fit it is a plain one
 // with a frame of one pixel.
 void RoundRect(HDC dc, const RECT& rect, int radius, COLORREF fill, COLORREF frame, float penWidth);

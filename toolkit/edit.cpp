@@ -16,17 +16,6 @@ bool IsSelectAll(WPARAM key) {
     return key == 'A' && GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0;
 }
 
-// All but the scroll bars, which the system has painted where FrameNonClient would fill.
-void FrameAroundBars(HWND window, COLORREF fill, COLORREF frame) {
-    RECT rect{};
-    GetWindowRect(window, &rect);
-    OffsetRect(&rect, -rect.left, -rect.top);
-    const bool hasEdge = (ExStyleOfWindow(window) & WS_EX_CLIENTEDGE) != 0;
-    const tvWindowDC dc(window);
-    if (hasEdge) FillEdges(dc.Get(), rect, fill, EDGE_ALL, GetSystemMetrics(SM_CXEDGE));
-    FillEdges(dc.Get(), rect, frame, EDGE_ALL, 1);
-}
-
 }  // namespace
 
 // The window goes while the wrapper is still an edit box, and can clean up.

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "toolkit/control_state.h"
 #include "toolkit/draw.h"
 #include "toolkit/handle.h"
 #include "toolkit/rect.h"
@@ -93,5 +94,15 @@ void FrameNonClient(HWND window, COLORREF fill, COLORREF frame) {
     const tvWindowDC dc(window);
     ExcludeClipRect(dc.Get(), client.left, client.top, client.right, client.bottom);
     FillSolid(dc.Get(), rect, fill);
+    FillEdges(dc.Get(), rect, frame, EDGE_ALL, 1);
+}
+
+void FrameAroundBars(HWND window, COLORREF fill, COLORREF frame) {
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    OffsetRect(&rect, -rect.left, -rect.top);
+    const bool hasEdge = (ExStyleOfWindow(window) & WS_EX_CLIENTEDGE) != 0;
+    const tvWindowDC dc(window);
+    if (hasEdge) FillEdges(dc.Get(), rect, fill, EDGE_ALL, GetSystemMetrics(SM_CXEDGE));
     FillEdges(dc.Get(), rect, frame, EDGE_ALL, 1);
 }

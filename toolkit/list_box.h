@@ -183,6 +183,7 @@ private:
 
     bool BeforeDefault(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     void AfterDefault(UINT message, LPARAM lParam);
+    void PaintFrame() const;
     void SetAll(bool on);
     LRESULT SetSelection(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT SetInBulk(UINT message, WPARAM wParam, LPARAM lParam, int row);

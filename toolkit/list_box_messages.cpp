@@ -122,10 +122,21 @@ void tvMListBox::AfterDefault(UINT message, LPARAM lParam) {
             InvalidateRect(m_hWnd, nullptr, FALSE);
             break;
         case WM_NCPAINT:
-            if (!TheTheme().m_isSystemDefault) FrameNonClient(m_hWnd, TheTheme().m_base, TheTheme().m_border);
+            PaintFrame();
             break;
         default:
             break;
+    }
+}
+
+// Without a scroll box: the list came under another theme.
+void tvMListBox::PaintFrame() const {
+    const tvTheme& theme = TheTheme();
+    if (theme.m_isSystemDefault) return;
+    if (HasStyle(m_hWnd, WS_VSCROLL)) {
+        FrameAroundBars(m_hWnd, theme.m_base, theme.m_border);
+    } else {
+        FrameNonClient(m_hWnd, theme.m_base, theme.m_border);
     }
 }
 

@@ -164,6 +164,7 @@ void tvScrollBox::FollowMove(WINDOWPOS& place) {
 void tvScrollBox::OnChildGone() {
     m_child = nullptr;
     m_drag = {};
+    if (GetCapture() == m_hWnd) ReleaseCapture();
     ShowWindow(m_hWnd, SW_HIDE);
 }
 

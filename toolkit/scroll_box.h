@@ -14,10 +14,11 @@
 // - GetDlgItem gives the box. Texts pass through it (SetDlgItemText, GetDlgItemInt); other messages do not
 //   reach the control, and what is shown, hidden or enabled by way of it leaves the control as it was.
 //   tvWnd::FindDescendant gives the control. GetParent of the control is the box.
-// - WM_COMMAND from the control is posted: it comes after the call that has caused it. OnReflectCommand of
-//   the wrapper runs twice, at once and when the dialog gets the message.
-// - WM_DRAWITEM, WM_MEASUREITEM, WM_COMPAREITEM and WM_CTLCOLOR... end at the box: the wrapper's reflect
-//   operations answer them, and the dialog does not see them.
+// - A control of the system's tells the window that it was made in, which is the dialog. What is sent to the
+// control's
+//   parent comes to the box: WM_COMMAND and WM_CONTEXTMENU are posted on, so that they come after the call
+//   that has caused them; WM_DRAWITEM, WM_MEASUREITEM, WM_COMPAREITEM and WM_CTLCOLOR... end there, answered
+//   by the wrapper's reflect operations.
 // Under System Default there is no box, unless the theme was another one when the control came.
 //
 // The control's wrapper owns the box, and has it take part in its messages: BeforeControl in front of the

@@ -1,7 +1,5 @@
 #include "toolkit/tool_tip.h"
 
-#include <array>
-
 #include "foundation/textops.h"
 #include "toolkit/draw.h"
 #include "toolkit/rect.h"
@@ -168,19 +166,18 @@ RECT tvToolTipCtrl::TextPlace(const RECT& client, DWORD style) const {
 }
 
 tvstring tvToolTipCtrl::CurrentText() const {
-    std::array<char16_t, kTextCapacity> buffer{};
+    tvstring text(kTextCapacity, u'\0');  // may be a secret, and is wiped
     TTTOOLINFOW tool = ToolOf(nullptr, 0);
-    tool.lpszText = Wide(buffer.data());
+    tool.lpszText = Wide(text.data());
     if (Send(TTM_GETCURRENTTOOLW, 0, Pointer(&tool)) == 0) {
         // A tip that is tracked need not count as the current one.
-        GetWindowTextW(m_hWnd, Wide(buffer.data()), static_cast<int>(buffer.size()));
-        return buffer.data();
+        GetWindowTextW(m_hWnd, Wide(text.data()), static_cast<int>(text.size()));
+    } else if (tool.lpszText == LPSTR_TEXTCALLBACKW) {
+        tool.lpszText = Wide(text.data());
+        Send(TTM_GETTEXTW, text.size(), Pointer(&tool));
     }
-    if (tool.lpszText == LPSTR_TEXTCALLBACKW) {
-        tool.lpszText = Wide(buffer.data());
-        Send(TTM_GETTEXTW, buffer.size(), Pointer(&tool));
-    }
-    return buffer.data();
+    text.resize(std::u16string_view(text.c_str()).size());
+    return text;
 }
 
 void AddToolTip(HWND window, const tvstring& text) {

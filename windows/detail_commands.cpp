@@ -140,25 +140,28 @@ void CVMRRightDlg::ModifyField() {
     }
 }
 
-// No row of the item list shows a password.
+// While a dialog is open, a selection that the item list tells of late may bring another item into the pane:
+// what is entered belongs to the one that was there. No row of the item list shows a password.
 void CVMRRightDlg::ModifyPassword(VMRD_Entry* entry) {
+    VMRD_Item* const item = m_Item;
     const auto dialog = std::make_unique<CVMRPassGenDlg>();
     dialog->m_Password = ElementText(entry);
     if (dialog->RunModal() != IDOK) return;
-    TheDatabase().ModifyEntry(entry, dialog->m_Password, m_Item);
+    TheDatabase().ModifyEntry(entry, dialog->m_Password, item);
     Repaint(m_hWnd);
     TellBars();
 }
 
 void CVMRRightDlg::ModifyText(u16 type, VMRD_Entry* entry) {
     const bool isName = type == VMRD_T_ITEMNAME;
+    VMRD_Item* const item = m_Item;
     const auto dialog = std::make_unique<CVMRInputDlg>();
     SetUpPrompt(*dialog, type);
-    dialog->m_Text = isName ? ElementText(m_Item) : ElementText(entry);
+    dialog->m_Text = isName ? ElementText(item) : ElementText(entry);
     if (dialog->RunModal() != IDOK) return;
     VMRD_DB& database = TheDatabase();
-    const bool isChanged = isName ? database.ModifyItem(m_Item, dialog->m_Text, &database)
-                                  : database.ModifyEntry(entry, dialog->m_Text, m_Item);
+    const bool isChanged = isName ? database.ModifyItem(item, dialog->m_Text, &database)
+                                  : database.ModifyEntry(entry, dialog->m_Text, item);
     Repaint(m_hWnd);
     if (isChanged) NotifyMainWindow(APPN_ITEMCHANGED, 1);
     TellBars();
@@ -176,10 +179,11 @@ void CVMRRightDlg::CopyField() const {
         Tell(STATUS_WARNING, LangText(u"itemdetail", u"warn_pwdcopied"));
 }
 
-// Whether it is a program, a document or an address is the shell's to find out.
+// Whether it is a program, a document or an address is the shell's to find out. Only a program has the
+// button, which keeps the keyboard though the mouse has gone on to another field.
 void CVMRRightDlg::LaunchField() const {
     constexpr INT_PTR kLastFailure = 32;
-    if (!FieldUsable()) return;
+    if (!FieldUsable() || m_hotField != VMRD_T_PROGRAM) return;
     const tvstring text = ElementText(HotEntry());
     if (text.empty()) return;
     platform::SetLastError(platform::kErrorNone);
@@ -202,8 +206,8 @@ void CVMRRightDlg::TogglePasswords() {
 // --- Additional entries ---
 
 // False if the text is the one that was there.
-bool CVMRRightDlg::TakeEntryText(VMRD_Entry* entry, const tvstring& text) {
-    if (!TheDatabase().ModifyEntry(entry, text, m_Item)) return false;
+bool CVMRRightDlg::TakeEntryText(VMRD_Entry* entry, const tvstring& text, VMRD_Item* item) {
+    if (!TheDatabase().ModifyEntry(entry, text, item)) return false;
     Repaint(m_hWnd);
     NotifyMainWindow(APPN_STATUS, STATUS_REPAINT);
     NotifyMainWindow(APPN_TOPBAR);
@@ -211,7 +215,8 @@ bool CVMRRightDlg::TakeEntryText(VMRD_Entry* entry, const tvstring& text) {
 }
 
 void CVMRRightDlg::ModifyEntry(bool add) {
-    if (m_Item == nullptr) return;
+    VMRD_Item* const item = m_Item;
+    if (item == nullptr) return;
     VMRD_Entry* entry = nullptr;
     if (!add && (m_list.GetFirstSelected(&entry, true) < 0 || !IsRemovable(entry))) return;
     const auto dialog = std::make_unique<CVMRInputDlg>();
@@ -221,9 +226,11 @@ void CVMRRightDlg::ModifyEntry(bool add) {
     dialog->m_Info = LangText(u"itemdetail", u"modifyentry_info");
     dialog->m_Text = ElementText(entry);
     if (dialog->RunModal() == 0 || dialog->m_Text.empty()) return;
-    if (add) {
+    if (add && m_list.m_Source == item) {
         m_list.AddNew(dialog->m_Text);
-    } else if (!TakeEntryText(entry, dialog->m_Text)) {
+    } else if (add) {
+        TheDatabase().AddNewEntry(dialog->m_Text, item);
+    } else if (!TakeEntryText(entry, dialog->m_Text, item)) {
         return;
     }
     NotifyMainWindow(APPN_ITEMCHANGED, 1);

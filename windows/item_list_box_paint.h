@@ -73,8 +73,10 @@ void CVMRListBox<TOwner, TElement>::PaintEmpty() {
 template <typename TOwner, typename TElement>
 void CVMRListBox<TOwner, TElement>::HideTip() {
     if (m_HoverRow < 0) return;
+    tvMListItem* item = HoverItem();
     m_HoverRow = -1;
     TheToolTip().Track(m_hWnd, false, 0, 0);
+    if (item != nullptr) item->m_note = {};  // may be a secret, and is wiped
 }
 
 template <typename TOwner, typename TElement>

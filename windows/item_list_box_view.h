@@ -92,13 +92,24 @@ void CVMRListBox<TOwner, TElement>::Resort() {
     TakeOrder();
 }
 
-// Appends a row, orders all and selects the new one alone.
+// Appends a row, orders all and selects the new one alone. A full list loses its first row over that.
 template <typename TOwner, typename TElement>
 void CVMRListBox<TOwner, TElement>::AddRow(VMRD_Element* element) {
-    m_View.SetRows(ReadRows());
-    m_View.AddRow(element);
-    AppendRow(element);
-    TakeOrder();
+    {
+        const Bulk bulk(*this);
+        AppendRow(element);
+        std::vector<ViewRow> rows = ReadRows();
+        if (rows.empty() || rows.back().m_data != element) {
+            Refresh();
+            return;
+        }
+        rows.pop_back();
+        m_View.SetRows(std::move(rows));
+        m_View.AddRow(element);
+        WriteRows(m_View.Rows());
+    }
+    m_View.SetRows({});
+    ShowLastOf(SelectedRows());
 }
 
 template <typename TOwner, typename TElement>

@@ -25,7 +25,8 @@ bool JoinTexts(const ElementArray& elements, tvstring& joined) {
 }  // namespace
 
 void CVMRRightDlg::MergeEntries() {
-    if (m_Item == nullptr) return;
+    VMRD_Item* const item = m_Item;  // another one may come into the pane while the dialog is open
+    if (item == nullptr) return;
     const auto dialog = std::make_unique<CVMRInputDlg>();
     dialog->m_PlainText = 1;
     dialog->m_MultiLine = 1;
@@ -41,7 +42,7 @@ void CVMRRightDlg::MergeEntries() {
         return;
     }
     if (dialog->RunModal() != IDOK || dialog->m_Text.empty()) return;
-    TheDatabase().MergeEntries(elements, dialog->m_Text, m_Item);
+    TheDatabase().MergeEntries(elements, dialog->m_Text, item);
     m_list.m_Source = m_Item;
     m_list.Refresh();
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE);  // for the date

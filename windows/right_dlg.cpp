@@ -200,8 +200,9 @@ void CVMRRightDlg::ShowItem(VMRD_Item* item) {
     OnLayout();
 }
 
+// The list comes last: if it has the keyboard and goes, that is not given to a button that goes as well.
 void CVMRRightDlg::ShowList() const {
-    const tvWnd* const windows[] = {&m_list, &m_addBtn, &m_removeBtn, &m_modifyBtn, &m_upBtn, &m_downBtn};
+    const tvWnd* const windows[] = {&m_addBtn, &m_removeBtn, &m_modifyBtn, &m_upBtn, &m_downBtn, &m_list};
     for (const tvWnd* window : windows)
         ShowIf(*window, m_Item != nullptr);
 }

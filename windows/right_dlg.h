@@ -106,7 +106,7 @@ private:
     void LaunchField() const;
     void TogglePasswords();
     void ModifyEntry(bool add);
-    bool TakeEntryText(VMRD_Entry* entry, const tvstring& text);
+    bool TakeEntryText(VMRD_Entry* entry, const tvstring& text, VMRD_Item* item);
     void MergeEntries();  // merge_entries.cpp
 
     // The date line as it was made last.

@@ -1,9 +1,13 @@
 #include "tests/app/app_stage.h"
 
+#include <filesystem>
+#include <system_error>
+
 #include "foundation/path.h"
 #include "platform/registry.h"
 #include "shell/app.h"
 #include "toolkit/control_state.h"
+#include "toolkit/scroll_box.h"
 #include "toolkit/theme.h"
 
 namespace {
@@ -44,6 +48,8 @@ AppTest::~AppTest() {
     TheDatabase().Reset();
     TheDatabase().m_File.Close();
     platform::DeleteUserTree(kProductTree);
+    std::error_code ignored;  // a test may have locked a file of its own
+    std::filesystem::remove_all(Wide(m_Folder.c_str()), ignored);
 }
 
 void AppTest::Open(std::unique_ptr<CVMRDlg> window) {
@@ -103,6 +109,16 @@ std::function<bool()> PressButton(int id) {
         PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(id), 0);
         return true;
     };
+}
+
+RECT OuterPlace(HWND control) {
+    return PlaceInParent(tvScrollBox::OuterOf(control));
+}
+
+RECT OuterScreenPlace(HWND control) {
+    RECT rect{};
+    GetWindowRect(tvScrollBox::OuterOf(control), &rect);
+    return rect;
 }
 
 tvstring TextOf(HWND window) {

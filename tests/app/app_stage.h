@@ -48,3 +48,7 @@ std::function<bool()> AnswerWith(tvstring first, tvstring second = {});
 std::function<bool()> PressButton(int id);
 
 tvstring TextOf(HWND window);
+
+// Where a control stands in its dialog, and on the screen: with the scroll box that may be around it.
+RECT OuterPlace(HWND control);
+RECT OuterScreenPlace(HWND control);

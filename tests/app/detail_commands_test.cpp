@@ -338,4 +338,66 @@ TEST_F(DetailCommands, LaunchNothingForAnEmptyProgramOrTheName) {
     EXPECT_TRUE(shell.Get().empty());
 }
 
+// The button keeps the keyboard while the mouse goes on.
+TEST_F(DetailCommands, LaunchNoOtherFieldThanTheProgram) {
+    OpenPane();
+    const ShellCalls shell;
+    EXPECT_EQ(NotesOf(CMD_DETAIL_GO, kUser), Notes{});
+    EXPECT_EQ(NotesOf(CMD_DETAIL_GO, kPassword), Notes{});
+    EXPECT_TRUE(shell.Get().empty());
+}
+
+// --- An item list that tells late of its selection ---
+
+class DetailCommandsOnTheItemBefore : public DetailCommands {
+protected:
+    // Another item comes into the pane while the dialog is open.
+    Step BringingTheOther() {
+        return [this] {
+            if (FrontDialog() == Window()) return false;
+            Show(m_Other);
+            return true;
+        };
+    }
+
+    ItemElement* m_Other = TheDatabase().AddNewItem(&TheDatabase());
+};
+
+TEST_F(DetailCommandsOnTheItemBefore, RenameIt) {
+    OpenPane();
+    const tvstring name = m_Other->m_Name;
+    NotesOf(CMD_DETAIL_MODIFY, kName, {BringingTheOther(), Entering(L"Shop")});
+    EXPECT_EQ(Item().m_Name, u"Shop");
+    EXPECT_EQ(m_Other->m_Name, name);
+}
+
+TEST_F(DetailCommandsOnTheItemBefore, ModifyItsFields) {
+    OpenPane();
+    m_Other->m_Date = 1;
+    NotesOf(CMD_DETAIL_MODIFY, kUser, {BringingTheOther(), Entering(L"nobody")});
+    EXPECT_EQ(Text(kUser), u"nobody");
+    Show(&Item());
+    NotesOf(CMD_DETAIL_MODIFY, kPassword,
+            {BringingTheOther(),
+             InPassword([](const CVMRPassGenDlg& dialog) { SetDlgItemTextW(dialog.Handle(), 2014, L"lion"); },
+                        IDOK)});
+    EXPECT_EQ(Text(kPassword), u"lion");
+    EXPECT_EQ(m_Other->m_Date, 1U);
+}
+
+TEST_F(DetailCommandsOnTheItemBefore, AddToIt) {
+    OpenPane();
+    const auto entries = m_Other->m_Count;
+    NotesOf(CMD_ADD, kNone,
+            {BringingTheOther(), InInput(
+                                     [](const CVMRInputDlg& dialog) {
+                                         // Told of, unlike a whole text that is set.
+                                         dialog.m_edit1.Send(EM_REPLACESEL, FALSE,
+                                                             reinterpret_cast<LPARAM>(L"new"));
+                                     },
+                                     IDOK)});
+    EXPECT_EQ(Text(kAddition), u"new");
+    EXPECT_EQ(m_Other->m_Count, entries);
+}
+
 }  // namespace

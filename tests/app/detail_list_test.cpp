@@ -54,7 +54,7 @@ protected:
         const tvTheme& theme = TheTheme();
         const RECT room = Room();
         const LONG top = Field(kAddition).m_hitRect.bottom + theme.m_borderWidth;
-        const RECT list = PlaceInParent(List().Handle());
+        const RECT list = OuterPlace(List().Handle());
         const RECT button = ClientOf(Pane().m_addBtn.Handle());
         const int row = List().CalcItemHeight(0);
         EXPECT_EQ(list.left, room.left);
@@ -91,7 +91,7 @@ TEST_F(DetailList, HasItsControlsInTheOrderOfTheTabKey) {
         ids.push_back(GetDlgCtrlID(child));
     EXPECT_EQ(ids, (std::vector<int>{2010, 2011, 2012, 2013, 2005, 32782, 2009, 32783, 2007, 2008}));
     for (const int id : {2005, 32782, 2009, 32783, 2007, 2008})
-        EXPECT_TRUE(HasStyle(GetDlgItem(PaneWindow(), id), WS_TABSTOP)) << id;
+        EXPECT_TRUE(HasStyle(tvWnd::FindDescendant(PaneWindow(), id), WS_TABSTOP)) << id;
 }
 
 TEST_F(DetailList, NamesItsButtonsPlainly) {
@@ -143,7 +143,7 @@ TEST_F(DetailList, KeepsTheHeightOfOneRowWhereThereIsNoRoom) {
         SetWindowPos(PaneWindow(), nullptr, 0, 0, Width(pane), static_cast<int>(height),
                      SWP_NOMOVE | SWP_NOZORDER);
         Settle(PaneWindow());
-        EXPECT_EQ(Height(PlaceInParent(List().Handle())), List().CalcItemHeight(0)) << height;
+        EXPECT_EQ(Height(OuterPlace(List().Handle())), List().CalcItemHeight(0)) << height;
     }
 }
 

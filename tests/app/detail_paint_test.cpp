@@ -310,7 +310,7 @@ TEST_F(DetailPaint, FollowsTheFonts) {
     ExpectLabel(kUser, u"Username:");
     ExpectValue(kUser, u"somebody");
     EXPECT_GT(Field(kAddition).m_hitRect.bottom, before.bottom);
-    EXPECT_EQ(PlaceInParent(Pane().m_list.Handle()).top, Field(kAddition).m_hitRect.bottom + Border());
+    EXPECT_EQ(OuterPlace(Pane().m_list.Handle()).top, Field(kAddition).m_hitRect.bottom + Border());
     EXPECT_EQ(PlaceInParent(Pane().m_addBtn.Handle()).top, Field(kAddition).m_hitRect.bottom + Border());
     platform::DeleteUserTree(u"Software\\Tolvane");  // the font was stored
 }

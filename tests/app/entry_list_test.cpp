@@ -247,8 +247,7 @@ TEST_F(ListOfEntries, TheKeyboardOpensTheMenuWhereTheMouseIsOverTheList) {
 TEST_F(ListOfEntries, TheKeyboardOpensTheMenuAtTheListsCornerWhereTheMouseIsElsewhere) {
     OpenEntries({u"e"});
     MoveMouseAway();
-    RECT list{};
-    GetWindowRect(EntryWindow(), &list);
+    const RECT list = OuterScreenPlace(EntryWindow());
     WithItemMenu(
         [&](const RECT& place) {
             EXPECT_EQ(place.left, list.left);

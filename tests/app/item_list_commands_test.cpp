@@ -369,9 +369,11 @@ TEST_F(ItemListCommands, AClickShowsTheItemAndTellsTheCounts) {
 TEST_F(ItemListCommands, ADoubleClickRenames) {
     OpenWith({u"a", u"b"});
     const POINT at = MiddleOf(1);
+    const DuringModal renaming({PressButton(IDCANCEL)});
     const std::string told =
         Doing([&] { DoubleClick(ListWindow(), static_cast<int>(at.x), static_cast<int>(at.y)); });
     EXPECT_NE(told.find("RENAMEITEM"), std::string::npos) << told;
+    EXPECT_TRUE(PumpUntil([&renaming] { return renaming.Done(); })) << "no dialog asks for the name";
 }
 
 TEST_F(ItemListCommands, TheCommandModifyRenames) {

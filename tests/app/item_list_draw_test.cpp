@@ -110,7 +110,7 @@ TEST_F(ItemListDraw, ATextThatNearlyFitsIsNotedAsCutOff) {
     const tvstring text(u"iiiiiiiiiiiiiiiiiiiiiiiiiiiiii");
     OpenWith({text.c_str()});
     const int width = WidthIn(ListWindow(), text) + 2 * TheTheme().m_borderWidth;
-    const RECT list = PlaceInParent(ListWindow());
+    const RECT list = OuterPlace(ListWindow());
     const int frame = Width(list) - static_cast<int>(ClientOf(ListWindow()).right);
     for (int missing = 30; missing > -3; --missing) {
         MoveWindow(ListWindow(), static_cast<int>(list.left), static_cast<int>(list.top),
@@ -308,7 +308,7 @@ TEST_F(ItemListDraw, NoTipComesUpWhileTheMouseIsCaptured) {
 
 TEST_F(ItemListDraw, AWiderListLosesTheTipWithItsNextPaint) {
     OpenWith({u"A name that is of middling length indeed"});
-    const RECT list = PlaceInParent(ListWindow());
+    const RECT list = OuterPlace(ListWindow());
     MoveWindow(ListWindow(), static_cast<int>(list.left), static_cast<int>(list.top), 60, Height(list), TRUE);
     ASSERT_EQ(IsCut(0), 1U);
     MoveWindow(ListWindow(), static_cast<int>(list.left), static_cast<int>(list.top), 400, Height(list),

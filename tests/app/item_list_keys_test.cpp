@@ -240,8 +240,7 @@ TEST_F(ItemListMenu, TheButtonOpensItAboveItself) {
 
 TEST_F(ItemListMenu, DoesNotOpenForAPointOutsideOfTheList) {
     OpenWith({u"a"});
-    RECT list{};
-    GetWindowRect(ListWindow(), &list);
+    const RECT list = OuterScreenPlace(ListWindow());
     const DuringModal noMenu({});
     for (const POINT& at : {POINT{list.left - 1, list.top}, POINT{list.left, list.bottom}})
         Pane().Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(ListWindow()), MAKELPARAM(at.x, at.y));

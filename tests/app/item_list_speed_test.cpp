@@ -130,4 +130,16 @@ TEST_F(ItemListSpeed, APasteInTheMiddleOfAFullListMakesAllRowsAnew) {
     EXPECT_EQ(List().ElementOf(tvMListBox::kMostRows - 1), TheDatabase().Tail());
 }
 
+TEST_F(ItemListSpeed, AFullListLosesItsFirstRowToANewOne) {
+    OpenMany(tvMListBox::kMostRows);
+    const VMRD_Element* second = List().ElementOf(1);
+    List().AddNew();
+    EXPECT_EQ(TheDatabase().m_Count, tvMListBox::kMostRows + 1);
+    EXPECT_EQ(List().GetCount(), tvMListBox::kMostRows);
+    EXPECT_EQ(List().ElementOf(0), second);
+    EXPECT_EQ(List().ElementOf(tvMListBox::kMostRows - 1), TheDatabase().Tail());
+    EXPECT_EQ(List().GetSelCount(), 1);
+    EXPECT_GT(List().GetSel(tvMListBox::kMostRows - 1), 0);
+}
+
 }  // namespace

@@ -158,7 +158,7 @@ TEST_P(LayoutOfTheLeftPane, InPixels) {
     const RECT combo = PlaceInParent(Pane().m_sortCombo.Handle());
     const int height = Height(combo);
     EXPECT_EQ(combo, (RECT{8, 10, 8 + columns - 8, 10 + height}));
-    EXPECT_EQ(PlaceInParent(Box()), (RECT{8 + columns, 10, right, 10 + height}));
+    EXPECT_EQ(OuterPlace(Box()), (RECT{8 + columns, 10, right, 10 + height}));
 
     const RECT menu = PlaceInParent(Pane().m_menuBtn.Handle());
     const int w = Width(menu);
@@ -171,7 +171,7 @@ TEST_P(LayoutOfTheLeftPane, InPixels) {
         left += w + 8;
     }
     EXPECT_EQ(PlaceInParent(Pane().m_addBtn.Handle()), (RECT{left, menu.top, right, menu.bottom}));
-    EXPECT_EQ(PlaceInParent(ListWindow()), (RECT{8, 10 + height + 10, right, menu.top - 10}));
+    EXPECT_EQ(OuterPlace(ListWindow()), (RECT{8, 10 + height + 10, right, menu.top - 10}));
 }
 
 TEST_F(LeftDlg, TheSearchBoxAndTheListReachTheSplitter) {
@@ -179,9 +179,7 @@ TEST_F(LeftDlg, TheSearchBoxAndTheListReachTheSplitter) {
     RECT splitter{};
     GetWindowRect(Main().m_splitter.Handle(), &splitter);
     for (const HWND window : {Box(), ListWindow(), Pane().m_addBtn.Handle()}) {
-        RECT place{};
-        GetWindowRect(window, &place);
-        EXPECT_EQ(place.right, splitter.left);
+        EXPECT_EQ(OuterScreenPlace(window).right, splitter.left);
     }
 }
 
@@ -198,7 +196,7 @@ TEST_F(LeftDlg, AComboBoxThatWasMadeAnewStandsInItsPlace) {
     EXPECT_EQ(now.top, place.top);
     EXPECT_EQ(now.right, place.right);
     EXPECT_EQ(SortChoice(), SortAZ);
-    EXPECT_EQ(PlaceInParent(Box()).bottom, now.bottom);
+    EXPECT_EQ(OuterPlace(Box()).bottom, now.bottom);
 }
 
 // --- Order ---

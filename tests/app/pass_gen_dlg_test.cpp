@@ -417,7 +417,7 @@ TEST_F(PassGenSpins, StandBehindTheirBoxes) {
         int edit;
     } const cases[] = {{kMinSpin, kMin}, {kMaxSpin, kMax}};
     for (const auto& [spin, edit] : cases) {
-        EXPECT_EQ(GetWindow(Item(spin), GW_HWNDPREV), Item(edit));
+        EXPECT_EQ(GetWindow(Item(spin), GW_HWNDPREV), tvScrollBox::OuterOf(Item(edit)));
         EXPECT_EQ(reinterpret_cast<HWND>(SendMessageW(Item(spin), UDM_GETBUDDY, 0, 0)), Item(edit));
         i32 low = 0;
         i32 high = 0;

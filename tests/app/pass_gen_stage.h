@@ -60,8 +60,8 @@ protected:
         };
     }
 
-    [[nodiscard]] HWND Item(int id) const { return GetDlgItem(m_Dialog->Handle(), id); }
-    [[nodiscard]] RECT PlaceOf(int id) const { return PlaceInParent(Item(id)); }
+    [[nodiscard]] HWND Item(int id) const { return tvWnd::FindDescendant(m_Dialog->Handle(), id); }
+    [[nodiscard]] RECT PlaceOf(int id) const { return OuterPlace(Item(id)); }
     [[nodiscard]] tvstring Password() const { return TextOf(Item(kPassword)); }
     [[nodiscard]] bool IsChecked(int id) const {
         return SendMessageW(Item(id), BM_GETCHECK, 0, 0) == BST_CHECKED;

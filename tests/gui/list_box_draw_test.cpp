@@ -1,6 +1,7 @@
 // How the rows of a list box are painted.
 #include "tests/gui/button_stage.h"
 #include "tests/gui/list_box_harness.h"
+#include "toolkit/control_state.h"
 #include "toolkit/text_draw.h"
 
 namespace {
@@ -285,6 +286,26 @@ TEST_F(ListDraw, HasItsOwnFrameWithoutAScrollBox) {
     ASSERT_FALSE(m_List.m_scrollBox.IsAttached());
     EXPECT_EQ(CornerPixel(0), TheTheme().m_border);
     EXPECT_EQ(CornerPixel(1), TheTheme().m_base);
+}
+
+TEST_F(ListDraw, LeavesTheSystemsBarAsItIsWithoutAScrollBox) {
+    UseTheme(kSystem, m_Dialog.Handle());
+    m_DrawnDialog.Close();
+    m_Dialog.Close();
+    m_Dialog.Open();
+    AddRows(60);
+    UseTheme(kDark, m_Dialog.Handle());
+    ASSERT_FALSE(m_List.m_scrollBox.IsAttached());
+    ASSERT_TRUE(HasStyle(Window(), WS_VSCROLL));
+    RedrawWindow(Window(), nullptr, nullptr, RDW_FRAME | RDW_INVALIDATE | RDW_UPDATENOW);
+    RECT whole{};
+    GetWindowRect(Window(), &whole);
+    const RECT client = ClientOf(Window());
+    const tvWindowDC dc(Window());
+    int painted = 0;
+    for (int y = 4; y < Height(whole) - 4; ++y)
+        painted += GetPixel(dc.Get(), static_cast<int>(client.right) + 6, y) == TheTheme().m_base ? 0 : 1;
+    EXPECT_EQ(painted, Height(whole) - 8);
 }
 
 TEST_F(ListDraw, LightsTheRowUnderTheMouse) {

@@ -80,8 +80,7 @@ TEST_F(Settings, TheDividerIsTheSameAfterARestart) {
     const tvstring path = InFolder(u"a.VMR");
     MakeDatabase(path, u"Mine", u"secret");
     const auto open = [&] {
-        ASSERT_TRUE(m_Program.Start(path));
-        ASSERT_NE(m_Program.WaitForDialog(), nullptr);
+        ASSERT_NE(m_Program.StartAsking(path), nullptr);
         EnterTexts(u"secret");
         ASSERT_TRUE(PumpUntil([this] { return m_Program.Sees(kRenameButton); }));
         Settle(m_Program.Main());

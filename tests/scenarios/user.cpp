@@ -175,8 +175,13 @@ void User::SelectRange(List list, int first, int last) const {
     const int x = MiddleOf(list, 0);
     Select(list, first);
     Press(MouseButton::Right);
-    MoveMouse(window, x, MiddleOf(list, last));
-    Require([&] { return Ask(window, LB_GETSELCOUNT) == last - first + 1; }, "the rows are not selected");
+    // No hand is quite still: a move that came before the list had taken the button is followed by others.
+    int tremble = 0;
+    const auto areSelected = [&] {
+        MoveMouse(window, x + (tremble++ % 2), MiddleOf(list, last));
+        return Ask(window, LB_GETSELCOUNT) == last - first + 1;
+    };
+    Require(areSelected, "the rows are not selected");
     Release(MouseButton::Right);
     Require([this] { return m_Program.WaitForMenu() != nullptr; }, "the list has no menu");
     Type(VK_ESCAPE);
