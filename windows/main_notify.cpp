@@ -47,11 +47,7 @@ void CVMRDlg::RouteToPanes(i32 code, NotifyArgument a, NotifyArgument b, NotifyA
         case APPN_FILTERCHANGED:
             m_leftDlg.OnAppNotify(code, a, b, c);
             break;
-        // The item that is shown may be gone, or be about to go.
-        case APPN_DBLIST:
-            m_leftDlg.OnAppNotify(code, a, b, c);
-            m_rightDlg.OnAppNotify(code, a, b, c);
-            break;
+        case APPN_DBLIST:  // the item that is shown may be gone, or be about to go
         case APPN_FORWARDCMD:
             m_leftDlg.OnAppNotify(code, a, b, c);
             m_rightDlg.OnAppNotify(code, a, b, c);
