@@ -5,6 +5,7 @@ RUNNER starts a Windows program, WINEPREFIX is the Wine prefix.
 
 import os
 import subprocess
+import tempfile
 import unittest
 from pathlib import Path
 
@@ -20,15 +21,20 @@ RUNNING = 2  # exit code of an installer that will not go on
 
 
 def run(*command):
-    return subprocess.run([*RUNNER, *command], stdin=subprocess.DEVNULL, capture_output=True, timeout=180, check=False)
+    """The exit code and what the command wrote. It writes into files: the first program with a window starts Wine's
+    desktop, which keeps what it inherited, and a pipe would not end before the last window of any program is gone."""
+    with tempfile.TemporaryFile() as out:
+        files = {"stdin": subprocess.DEVNULL, "stdout": out, "stderr": subprocess.STDOUT}
+        code = subprocess.run([*RUNNER, *command], **files, timeout=180, check=False).returncode
+        out.seek(0)
+        return code, out.read().decode(errors="replace")
 
 
 def query(key, name=None):
     """The default or a named value of a key; None if there is none."""
-    done = run("reg", "query", key, *(["/v", name] if name else ["/ve"]))
-    lines = done.stdout.decode(errors="replace").splitlines()
-    found = [line.split("    ", 3)[3] for line in lines if line.startswith("    ")]
-    return found[0] if done.returncode == 0 and found else None
+    code, text = run("reg", "query", key, *(["/v", name] if name else ["/ve"]))
+    found = [line.split("    ", 3)[3] for line in text.splitlines() if line.startswith("    ")]
+    return found[0] if code == 0 and found else None
 
 
 def drive():
@@ -63,11 +69,11 @@ class Installer(unittest.TestCase):
             self.uninstall()
 
     def install(self, *options):
-        return run(self.setup, "/S", *options, "/D=" + TARGET).returncode
+        return run(self.setup, "/S", *options, "/D=" + TARGET)[0]
 
     def uninstall(self):
         # With its place given the program does its work itself; otherwise a copy of it would, after it has ended.
-        return run(str(target() / "uninstall.exe"), "/S", "_?=" + TARGET).returncode
+        return run(str(target() / "uninstall.exe"), "/S", "_?=" + TARGET)[0]
 
     def test_brings_the_files_of_the_zip_and_is_listed(self):
         self.assertEqual(self.install(), 0)
@@ -91,7 +97,7 @@ class Installer(unittest.TestCase):
         self.assertEqual(list(target().rglob("*")), [])
         self.assertEqual(links(), [])
         for key in (UNINSTALL, SETTINGS, PROGRAM_ID):
-            self.assertEqual(run("reg", "query", key).returncode, 1, key)
+            self.assertEqual(run("reg", "query", key)[0], 1, key)
 
     def test_leaves_what_the_user_put_there(self):
         self.assertEqual(self.install(), 0)
