@@ -77,3 +77,6 @@ sum_counts() {
     read -r more _ bad _ <<<"$2"
     printf '%d passed, %d failed\n' $((good + more)) "$bad"
 }
+
+# add_counts FILE...: the counts of files that each end with theirs, together.
+add_counts() { tail -qn 1 "$@" | awk '{ good += $1; bad += $3 } END { printf "%d passed, %d failed\n", good, bad }'; }

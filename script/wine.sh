@@ -44,6 +44,16 @@ on_display() {
     if [ -n "${display_process:-}" ]; then "$@"; else xvfb-run -a -s "-screen 0 1280x900x24" "$@"; fi
 }
 
+# beside COMMAND...: runs it in a second prefix, on a display of its own: another computer with another user.
+beside() { WINEPREFIX=$WINEPREFIX-second xvfb-run -a -s "-screen 0 1280x900x24" "$@"; }
+
+# make_second_prefix: for `beside`. Its server ends, so that the next one is on that display from the start.
+make_second_prefix() {
+    local -x WINEPREFIX=$WINEPREFIX-second
+    local display_process=
+    make_prefix && wineserver -k && wineserver -w
+}
+
 end_wine() {
     if [ -d "$WINEPREFIX" ] && command -v wineserver >/dev/null; then wineserver -k || true; fi
     if [ -n "${display_process:-}" ]; then kill "$display_process" 2>/dev/null || true; fi

@@ -71,6 +71,10 @@ class FailedGoogleTests(CountingTest):
     def test_are_none_where_all_passed(self):
         self.assertEqual(self.failed(GTEST + "[       OK ] A.Two (1 ms)\n"), "")
 
+    def test_of_two_files_are_added(self):
+        self.assertEqual(self.bash("add_counts <(printf 'x\\n3 passed, 1 failed\\n') <(echo 4 passed, 2 failed)").strip(),
+                         "7 passed, 3 failed")
+
     def test_count_as_passed_if_they_pass_when_they_are_run_again(self):
         self.assertEqual(self.bash("sum_counts '38 passed, 2 failed' '2 passed, 0 failed'").strip(),
                          "40 passed, 0 failed")

@@ -199,11 +199,16 @@ class Tidy(LintTest):
         super().setUp()
         shutil.copy(REPOSITORY / ".clang-tidy", self.root)
 
-    def write_source(self, content, name="foundation/a.cpp"):
-        self.write(name, content)
+    def write_source(self, content):
+        self.write_sources(a=content)
+
+    def write_sources(self, **contents):
+        names = [f"foundation/{name}.cpp" for name in contents]
+        for name, content in zip(names, contents.values()):
+            self.write(name, content)
         self.write("build/linux/compile_commands.json", json.dumps([{
             "directory": str(self.root / "build"), "file": str(self.root / name),
-            "command": f"/usr/bin/g++ -I{self.root} -std=c++20 -o a.o -c {self.root / name}"}]))
+            "command": f"/usr/bin/g++ -I{self.root} -std=c++20 -o a.o -c {self.root / name}"} for name in names]))
 
     def test_is_content_with_a_clean_source(self):
         self.write_source(self.CLEAN)
@@ -254,6 +259,32 @@ class Tidy(LintTest):
         self.assert_clean(tidy, checked=1)
         self.write_source(self.FAULT)
         self.assertEqual(self.run_check(tidy).failed, 1)
+
+    def test_finds_a_fault_in_one_of_many_sources_at_its_own_line(self):
+        self.write_sources(a=self.CLEAN, b=self.FAULT, c=self.CLEAN.replace("Twice", "Double"))
+        self.assert_finds(tidy, "foundation/b.cpp", "b.cpp:3:")
+        self.assertEqual(self.run_check(tidy).failed, 1)
+        self.assertEqual(self.run_check(tidy).note, "2 of 3 as found clean before")
+
+    def test_looks_at_sources_that_cannot_stand_in_one_text(self):
+        helper = "namespace {\nint Twice(int a) {\n    return a * 2;\n}\n}  // namespace\n"
+        self.write_sources(a=helper + "int A();\nint A() {\n    return Twice(1);\n}\n",
+                           b=helper + "int B();\nint B() {\n    return Twice(2);\n}\n", c=self.FAULT)
+        self.assert_finds(tidy, "foundation/c.cpp", "using the result of an assignment as a condition")
+        self.assertEqual(self.run_check(tidy).note, "2 of 3 as found clean before")
+
+    def test_finds_what_one_of_many_sources_includes_twice(self):
+        self.write("foundation/a.h", "#pragma once\nint Twice(int a);\n")
+        include = '#include "foundation/a.h"\n'
+        self.write_sources(a=include, b=include, c=include + include)
+        self.assert_finds(tidy, "foundation/c.cpp", "readability-duplicate-include")
+        self.assertEqual(self.run_check(tidy).failed, 1)
+
+    def test_finds_a_fault_in_a_header_of_many_sources(self):
+        self.write("foundation/a.h", "#pragma once\nclass A {\npublic:\n    A(int a) : m_A(a) {}\n"
+                   "    int Get() { return m_A; }\n\nprivate:\n    int m_A;\n};\n")
+        self.write_sources(a=self.CLEAN, b='#include "foundation/a.h"\n')
+        self.assert_finds(tidy, "foundation/b.cpp", "readability-make-member-function-const")
 
     def test_looks_at_the_windows_half_of_platform(self):
         self.write_source(self.CLEAN)
