@@ -189,6 +189,13 @@ void User::SelectRange(List list, int first, int last) const {
     Require([&] { return Ask(window, LB_GETSELCOUNT) == last - first + 1; }, "the rows are not selected");
 }
 
+// The list asks which keys are held at the moment, not which were as the letter was typed: Ctrl stays until
+// it has answered.
+void User::SelectAll(List list) const {
+    const auto areSelected = [&] { return Ask(ListOf(list), LB_GETSELCOUNT) == CountRows(list); };
+    Require([&] { return TypeWithControl('A', areSelected); }, "not all rows are selected");
+}
+
 void User::ChooseUntil(WORD letter, const std::function<bool()>& condition, const char* what) const {
     constexpr int kTries = 3;
     for (int i = 0; i < kTries && !condition(); ++i) {

@@ -44,6 +44,8 @@ public:
     void Paste(List list, int rowsAfter) const;
     // From the first to the last one, with the right mouse button.
     void SelectRange(List list, int first, int last) const;
+    // By Ctrl+A, in the list with the keyboard.
+    void SelectAll(List list) const;
     // What a copy of the row leaves as text on the clipboard; the row is selected then.
     [[nodiscard]] tvstring RowText(List list, int row) const;
     [[nodiscard]] std::vector<tvstring> RowTexts(List list) const;
