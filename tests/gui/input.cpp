@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 #include "tests/gui/harness.h"
 
@@ -67,9 +68,32 @@ LONG Absolute(int pixel, int extent) {
     return static_cast<LONG>((static_cast<long long>(pixel) * 65536 + 32768) / extent);
 }
 
-void MoveToScreen(POINT point) {
-    SendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, Absolute(point.x, GetSystemMetrics(SM_CXSCREEN)),
+// Where the mouse was moved last.
+std::optional<POINT>& LastPlace() {
+    static std::optional<POINT> place;
+    return place;
+}
+
+// The move and the rest of the event are one: nothing comes between.
+void SendMouseAt(POINT point, DWORD flags) {
+    SendMouse(flags | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE,
+              Absolute(point.x, GetSystemMetrics(SM_CXSCREEN)),
               Absolute(point.y, GetSystemMetrics(SM_CYSCREEN)));
+}
+
+// On a busy machine the display tells a program late of a place where the mouse has been, and Wine takes the
+// mouse back there: a button that went down or up then would do so elsewhere, and the click would be lost.
+void SendButton(DWORD flags) {
+    if (LastPlace()) {
+        SendMouseAt(*LastPlace(), flags);
+    } else {
+        SendMouse(flags);
+    }
+}
+
+void MoveToScreen(POINT point) {
+    LastPlace() = point;
+    SendMouseAt(point, 0);
     const auto isThere = [point] {
         POINT now{};
         return GetCursorPos(&now) != FALSE && now.x == point.x && now.y == point.y;
@@ -163,14 +187,14 @@ void MoveMouseAway() {
 void Press(MouseButton button) {
     SetDoubled(Doubled::No);
     const ButtonFlags flags = FlagsOf(button);
-    SendMouse(flags.down);
+    SendButton(flags.down);
     EXPECT_TRUE(Await([flags] { return IsKeyDown(flags.key); })) << "the mouse button is not taken";
     LetItTakeEffect();
 }
 
 void Release(MouseButton button) {
     const ButtonFlags flags = FlagsOf(button);
-    SendMouse(flags.up);
+    SendButton(flags.up);
     EXPECT_TRUE(Await([flags] { return !IsKeyDown(flags.key); })) << "the mouse button is not let go";
     LetItTakeEffect();
 }
@@ -194,8 +218,8 @@ void DoubleClick(HWND window, int x, int y) {
     Press();
     Release();
     SetDoubled(Doubled::Yes);
-    SendMouse(MOUSEEVENTF_LEFTDOWN);
-    SendMouse(MOUSEEVENTF_LEFTUP);
+    SendButton(MOUSEEVENTF_LEFTDOWN);
+    SendButton(MOUSEEVENTF_LEFTUP);
     EXPECT_TRUE(Await([] { return !IsKeyDown(VK_LBUTTON); })) << "the mouse button is not let go";
     LetItTakeEffect();
     SetDoubled(Doubled::No);

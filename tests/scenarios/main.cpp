@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "tests/scenarios/own_mouse.h"
-
 namespace {
 
 // A test whose ASSERT fails ends there, also in what it calls: a user would not go on clicking either.
@@ -17,6 +15,5 @@ class EndOnFailure : public testing::EmptyTestEventListener {
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     testing::UnitTest::GetInstance()->listeners().Append(new EndOnFailure);  // owned by the list
-    const OwnMouse mouse;
     return RUN_ALL_TESTS();
 }
