@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "toolkit/rect.h"
+#include "toolkit/theme.h"
 
 void tvfont::Set(const LOGFONTW& logfont) {
     m_font.Reset(CreateFontIndirectW(&logfont));
@@ -51,9 +52,7 @@ PixelSize DialogUnitsToPixels(HFONT font, int x, int y) {
     if (font == nullptr) return {x, y};
     constexpr int kUnitsPerWidth = 4;
     constexpr int kUnitsPerHeight = 8;
-    const tvClientDC screen(nullptr);
-    const tvSelected selected(screen.Get(), font);
     int averageWidth = 0;
-    const int height = GetFontHeight(screen.Get(), &averageWidth);
+    const int height = TheTheme().TextHeight(font, &averageWidth);
     return {MulDiv(x, averageWidth, kUnitsPerWidth), MulDiv(y, height, kUnitsPerHeight)};
 }
