@@ -34,7 +34,7 @@ bool IsMouseInside(HWND window) {
     const auto isPartOf = [window](HWND other) { return other == window || IsChild(window, other) != FALSE; };
     const RECT client = ClientOf(window);
     if (PtInRect(&client, MouseIn(window)) == FALSE) return false;
-    if (HWND captured = GetCapture()) return isPartOf(captured);
+    if (HWND captured = TheMousePlace().Captured()) return isPartOf(captured);
     POINT mouse{};
     return TheMousePlace().Get(mouse) && isPartOf(WindowFromPoint(mouse));
 }

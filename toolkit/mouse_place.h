@@ -11,17 +11,28 @@ public:
     // since. False if the system does not say.
     bool Get(POINT& place);
 
+    // The window of this thread that has captured the mouse, or null; kept as long, but only while windows
+    // are told of nothing but painting: what else they are told of can change it.
+    HWND Captured();
+
+    // As if this window had captured the mouse, until another is named or null: for its picture.
+    void AssumeCaptured(HWND window) noexcept { m_Assumed = window; }
+
     // The next answer is the system's. Every window with a wrapper calls for that when it is told of the
     // mouse, so that what is painted thereupon shows the mouse where it is.
-    void Forget() noexcept { m_Known = false; }
+    void Forget() noexcept;
     void ForgetOn(UINT message) noexcept;
 
     static constexpr int kKeptMilliseconds = 5;
 
 private:
     POINT m_Place{};
+    HWND m_Captured = nullptr;
+    HWND m_Assumed = nullptr;
     LONGLONG m_AskedAt = 0;
+    LONGLONG m_CaptureAskedAt = 0;
     bool m_Known = false;
+    bool m_CaptureKnown = false;
 };
 
 MousePlace& TheMousePlace() noexcept;

@@ -4,25 +4,18 @@
 #include <type_traits>
 
 #include "toolkit/check_box.h"
+#include "toolkit/mouse_place.h"
 #include "toolkit/system.h"
 
 enum class Pose { AsIs, Hot, Focused, Default };
 
-// A window that has the mouse to itself for a moment: what it does with the mouse shows as if the mouse were
-// over it.
+// While it lives, what a window does with the mouse shows as if the mouse were over it.
 class MouseLent {
 public:
-    explicit MouseLent(HWND window) : m_Lent(window != nullptr && GetCapture() == nullptr) {
-        if (m_Lent) SetCapture(window);
-    }
-    ~MouseLent() {
-        if (m_Lent) ReleaseCapture();
-    }
+    explicit MouseLent(HWND window) { TheMousePlace().AssumeCaptured(window); }
+    ~MouseLent() { TheMousePlace().AssumeCaptured(nullptr); }
     MouseLent(const MouseLent&) = delete;
     MouseLent& operator=(const MouseLent&) = delete;
-
-private:
-    bool m_Lent;
 };
 
 template <typename Base>
@@ -48,11 +41,9 @@ public:
         Base::GetColors(posed, colors);
     }
 
-    // A dialog lets but one button be the default one: it must not know of this one. And what is lent for a
-    // picture, and given back, is no reason for the next picture.
+    // A dialog lets but one button be the default one: it must not know of this one.
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message == WM_GETDLGCODE && m_pose == Pose::Default) return DLGC_BUTTON;
-        if (message == WM_CAPTURECHANGED && m_pose == Pose::Hot) return 0;
         return Base::WindowProc(message, wParam, lParam);
     }
 

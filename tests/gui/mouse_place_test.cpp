@@ -118,6 +118,57 @@ TEST(MousePlace, IsForgottenOnMessagesOfTheMouse) {
     MoveMouseAway();
 }
 
+// What is known of a capture outlives messages of painting alone, and the moment not at all.
+TEST(MousePlace, CaptureIsKeptForAMomentWhileWindowsArePainted) {
+    const Stage<tvButton> stage;
+    const HWND window = stage.Window();
+    HWND kept = nullptr;
+    const auto isTriedInTime = [&] {
+        TheMousePlace().Forget();
+        const bool inTime = WithinTheMoment([&] {
+            TheMousePlace().Captured();
+            SetCapture(window);
+            for (const UINT message : std::initializer_list<UINT>{WM_PAINT, WM_NCPAINT, WM_ERASEBKGND,
+                                                                  WM_DRAWITEM, WM_CTLCOLORBTN})
+                TheMousePlace().ForgetOn(message);
+            kept = TheMousePlace().Captured();
+        });
+        ReleaseCapture();
+        return inTime;
+    };
+    ASSERT_TRUE(PumpUntil(isTriedInTime));
+    EXPECT_EQ(kept, nullptr);
+    SetCapture(window);
+    EXPECT_TRUE(PumpUntil([&] { return TheMousePlace().Captured() == window; }));
+    ReleaseCapture();
+}
+
+TEST(MousePlace, CaptureIsAskedForAnewAfterMessagesThatMayChangeIt) {
+    const Stage<tvButton> stage;
+    const HWND window = stage.Window();
+    for (const UINT message : std::initializer_list<UINT>{WM_CAPTURECHANGED, WM_SETFOCUS, WM_COMMAND,
+                                                          WM_LBUTTONDOWN, WM_KEYDOWN}) {
+        MousePlace place;
+        ASSERT_EQ(place.Captured(), nullptr);
+        SetCapture(window);
+        place.ForgetOn(message);
+        EXPECT_EQ(place.Captured(), window) << message;
+        ReleaseCapture();
+    }
+}
+
+TEST(MousePlace, AssumedCaptureCountsUntilItIsTakenBack) {
+    const Stage<tvButton> stage;
+    const HWND window = stage.Window();
+    TheMousePlace().AssumeCaptured(window);
+    TheMousePlace().Forget();
+    EXPECT_TRUE(IsUnderMouse(window));
+    EXPECT_FALSE(IsUnderMouse(GetParent(window)));
+    EXPECT_EQ(GetCapture(), nullptr);
+    TheMousePlace().AssumeCaptured(nullptr);
+    EXPECT_FALSE(IsUnderMouse(window));
+}
+
 TEST(MousePlace, WindowIsUnderTheMouseOnlyWhereTheMouseIs) {
     const Stage<tvButton> stage;
     const HWND window = stage.Window();
@@ -135,6 +186,7 @@ TEST(MousePlace, WindowThatHasCapturedTheMouseIsUnderItWhereverThatIs) {
     const HWND window = stage.Window();
     MoveMouseAway();
     SetCapture(window);
+    TheMousePlace().Forget();
     EXPECT_TRUE(IsUnderMouse(window));
     EXPECT_FALSE(IsUnderMouse(GetParent(window)));
     ReleaseCapture();
