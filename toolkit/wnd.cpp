@@ -21,6 +21,15 @@ void SetProc(HWND handle, WNDPROC proc) {
     SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(proc));
 }
 
+// The window has no border, no bars and no caption.
+bool IsAllClient(HWND handle) {
+    RECT rect{};
+    RECT client{};
+    GetWindowRect(handle, &rect);
+    GetClientRect(handle, &client);
+    return rect.right - rect.left == client.right && rect.bottom - rect.top == client.bottom;
+}
+
 int ChangeStyle(HWND handle, int index, DWORD remove, DWORD add) {
     const auto old = static_cast<DWORD>(GetWindowLongPtrW(handle, index));
     const DWORD style = (old & ~remove) | add;
@@ -38,6 +47,8 @@ LRESULT tvWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     }
     if (m_hWnd == nullptr) return 0;
+    // There would be nothing to paint, but the system asks the display for the place of it all the same.
+    if (message == WM_NCPAINT && IsAllClient(m_hWnd)) return 0;
     if (m_oldProc != nullptr && m_oldProc != &SharedProc) {
         return CallWindowProcW(m_oldProc, m_hWnd, message, wParam, lParam);
     }

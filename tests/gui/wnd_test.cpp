@@ -224,6 +224,24 @@ TEST(SharedProc, HandsMessagesToTheWrapperAndOnToTheOldProcedure) {
     wrapper.Detach(tvWnd::Window::Keep);
 }
 
+TEST(WndProc, HandsThePaintOfAFrameOnOnlyWhereThereIsOne) {
+    constexpr WPARAM kAll = 1;
+    PlainWindow bare(WS_POPUP);
+    PlainWindow framed(WS_POPUP | WS_BORDER);
+    SetWindowPos(bare.Handle(), nullptr, 10, 10, 60, 50, SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(framed.Handle(), nullptr, 10, 10, 60, 50, SWP_NOZORDER | SWP_NOACTIVATE);
+    tvWnd ofBare;
+    tvWnd ofFramed;
+    ofBare.Attach(bare.Handle());
+    ofFramed.Attach(framed.Handle());
+    SendMessageW(bare.Handle(), WM_NCPAINT, kAll, 0);
+    SendMessageW(framed.Handle(), WM_NCPAINT, kAll, 0);
+    EXPECT_EQ(bare.Count(WM_NCPAINT), 0);
+    EXPECT_EQ(framed.Count(WM_NCPAINT), 1);
+    ofBare.Detach(tvWnd::Window::Keep);
+    ofFramed.Detach(tvWnd::Window::Keep);
+}
+
 TEST(SharedProc, HandsAFontToDirectChildrenAndKeepsIt) {
     PlainWindow window;
     PlainWindow child(WS_CHILD, window.Handle(), 1);
