@@ -212,10 +212,13 @@ int tvCheckBox::FitToText(int x, int y, int maxWidth, int maxHeight, bool exactW
     return Fit(x, y, maxWidth, maxHeight, exactWidth);
 }
 
+// The size that it gives itself fits.
 void tvCheckBox::OnAutoFit() {
-    if (m_autoFit == 0 || !IsAttached()) return;
+    if (m_autoFit == 0 || !IsAttached() || m_fitting) return;
+    m_fitting = true;
     const RECT place = PlaceOf(m_hWnd);
     Fit(place.left, place.top, place.right - place.left, kFree, true);
+    m_fitting = false;
 }
 
 int tvCheckBox::Fit(int x, int y, int maxWidth, int maxHeight, bool exactWidth) {

@@ -69,4 +69,5 @@ private:
     Box m_box;
     HFONT m_boxFont = nullptr;  // the font that the box was measured for
     bool m_boxKnown = false;
+    bool m_fitting = false;  // it is just giving itself its size
 };
