@@ -125,35 +125,37 @@ void GalleryDialog::AddBottom() {
 }
 
 void GalleryDialog::OnSubclassControls() {
+    m_controls = ControlMap(m_hWnd);
     LoadIcons();
     SetTexts();
     WrapButtons();
-    m_states.Wrap(m_hWnd, m_picture.Get());
-    m_inputs.Wrap(m_hWnd);
-    m_lists.Wrap(m_hWnd);
-    m_noteIcon.SubclassDlgItem(m_hWnd, ID_NOTE);
+    m_states.Wrap(m_controls, m_picture.Get());
+    m_inputs.Wrap(m_hWnd, m_controls);
+    m_lists.Wrap(m_controls);
+    m_noteIcon.SubclassWindow(m_controls[ID_NOTE]);
     m_noteIcon.Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(m_picture.Get()));
-    m_noteHot.SubclassDlgItem(m_hWnd, ID_NOTE_HOT);
+    m_noteHot.SubclassWindow(m_controls[ID_NOTE_HOT]);
     m_noteHot.m_pose = Pose::Hot;
-    m_noteDisabled.SubclassDlgItem(m_hWnd, ID_NOTE_DISABLED);
-    for (tvButton_Note* note : {&m_noteIcon, static_cast<tvButton_Note*>(&m_noteHot), &m_noteDisabled})
+    m_noteDisabled.SubclassWindow(m_controls[ID_NOTE_DISABLED]);
+    for (tvButton_Note* note : {&m_noteIcon, static_cast<tvButton_Note*>(&m_noteHot), &m_noteDisabled}) {
         note->SetNote(
             u"What the button does, told in a sentence that may take a second line and is cut off there.");
-    m_glyphs.SubclassDlgItem(m_hWnd, ID_GLYPHS);
-    m_pictures.SubclassDlgItem(m_hWnd, ID_PICTURES);
-    m_shapes.SubclassDlgItem(m_hWnd, ID_SHAPES);
-    m_texts.SubclassDlgItem(m_hWnd, ID_TEXTS);
-    m_leftPane.SubclassDlgItem(m_hWnd, ID_LEFT_PANE);
-    m_rightPane.SubclassDlgItem(m_hWnd, ID_RIGHT_PANE);
-    m_split.SubclassDlgItem(m_hWnd, ID_SPLIT);
-    m_status.SubclassDlgItem(m_hWnd, ID_STATUS);
+    }
+    m_glyphs.SubclassWindow(m_controls[ID_GLYPHS]);
+    m_pictures.SubclassWindow(m_controls[ID_PICTURES]);
+    m_shapes.SubclassWindow(m_controls[ID_SHAPES]);
+    m_texts.SubclassWindow(m_controls[ID_TEXTS]);
+    m_leftPane.SubclassWindow(m_controls[ID_LEFT_PANE]);
+    m_rightPane.SubclassWindow(m_controls[ID_RIGHT_PANE]);
+    m_split.SubclassWindow(m_controls[ID_SPLIT]);
+    m_status.SubclassWindow(m_controls[ID_STATUS]);
 }
 
 void GalleryDialog::WrapButtons() {
     const auto wrap = [this](int first, int count) {
         for (int i = 0; i < count; ++i) {
             m_buttons.push_back(std::make_unique<tvButton>());
-            m_buttons.back()->SubclassDlgItem(m_hWnd, first + i);
+            m_buttons.back()->SubclassWindow(m_controls[first + i]);
         }
     };
     wrap(ID_THEME, kThemes);
@@ -167,16 +169,16 @@ void GalleryDialog::SetTexts() const {
     SetWindowTextW(m_hWnd, L"Gallery");
     const std::vector<tvColorTheme>& themes = TheTheme().m_themes;
     for (int i = 0; i < kThemes; ++i)
-        SetDlgItemTextW(m_hWnd, ID_THEME + i, Wide(themes[static_cast<std::size_t>(i)].m_name.c_str()));
-    SetDlgItemTextW(m_hWnd, ID_SMALLER, L"Smaller font");
-    SetDlgItemTextW(m_hWnd, ID_LARGER, L"Larger font");
+        SetWindowTextW(m_controls[ID_THEME + i], Wide(themes[static_cast<std::size_t>(i)].m_name.c_str()));
+    SetWindowTextW(m_controls[ID_SMALLER], L"Smaller font");
+    SetWindowTextW(m_controls[ID_LARGER], L"Larger font");
     for (int i = 0; i < kMessageCount; ++i)
-        SetDlgItemTextW(m_hWnd, ID_MESSAGE + i, Wide(kMessages[i].title));
+        SetWindowTextW(m_controls[ID_MESSAGE + i], Wide(kMessages[i].title));
     for (int i = 0; i < kStatusCount; ++i)
-        SetDlgItemTextW(m_hWnd, ID_SHOW_STATUS + i, Wide(kStatusTexts[i]));
-    SetDlgItemTextW(m_hWnd, ID_NOTE, L"Note button with an icon");
-    SetDlgItemTextW(m_hWnd, ID_NOTE_HOT, L"Hot, with a glyph");
-    SetDlgItemTextW(m_hWnd, ID_NOTE_DISABLED, L"Disabled");
+        SetWindowTextW(m_controls[ID_SHOW_STATUS + i], Wide(kStatusTexts[i]));
+    SetWindowTextW(m_controls[ID_NOTE], L"Note button with an icon");
+    SetWindowTextW(m_controls[ID_NOTE_HOT], L"Hot, with a glyph");
+    SetWindowTextW(m_controls[ID_NOTE_DISABLED], L"Disabled");
 }
 
 void GalleryDialog::LoadIcons() {
@@ -212,7 +214,7 @@ void GalleryDialog::OnAutoSize() {
 void GalleryDialog::Place(int id, int x, int y, int cx, int cy) const {
     const PixelSize at = ToPixels(x, y);
     const PixelSize size = ToPixels(cx, cy);
-    SetWindowPos(GetDlgItem(m_hWnd, id), nullptr, at.x, at.y, size.x, size.y, SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(m_controls[id], nullptr, at.x, at.y, size.x, size.y, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void GalleryDialog::PlaceRow(int first, int count, int y, int width) const {
@@ -220,7 +222,18 @@ void GalleryDialog::PlaceRow(int first, int count, int y, int width) const {
         Place(first + i, kMargin + i * (width + kGap), y, width, kButtonHeight);
 }
 
+// It is asked for whenever the window may have another size or font.
 void GalleryDialog::OnLayout() {
+    RECT client{};
+    GetClientRect(m_hWnd, &client);
+    if (m_laidOutFont == m_font && EqualRect(&client, &m_laidOut)) return;
+    m_laidOut = client;
+    m_laidOutFont = m_font;
+    LayOut();
+}
+
+void GalleryDialog::LayOut() {
+    m_controls = ControlMap(m_hWnd);  // a control may have got another window, or one around it
     constexpr int kTopButton = 62;
     constexpr int kNoteButton = 128;
     constexpr int kNoteStep = kNoteButton + kGap;
@@ -229,21 +242,22 @@ void GalleryDialog::OnLayout() {
     Place(ID_SMALLER, kMargin + 6 * (kTopButton + kGap), y, kTopButton, kButtonHeight);
     Place(ID_LARGER, kMargin + 7 * (kTopButton + kGap), y, kTopButton, kButtonHeight);
     y += kButtonHeight + kGap;
-    m_states.Place(m_hWnd, m_font, kMargin, y);
+    m_states.Place(m_controls, m_font, kMargin, y);
     PlaceSheets();
     y += m_states.Height() + kGap;
     for (int i = 0; i < 3; ++i)
         Place(ID_NOTE + i, kMargin + i * kNoteStep, y, kNoteButton, kNoteHeight);
     constexpr int kStatusButton = 56;
-    for (int i = 0; i < kStatusCount; ++i)
+    for (int i = 0; i < kStatusCount; ++i) {
         Place(ID_SHOW_STATUS + i, kMargin + 3 * kNoteStep + kGap + i % 2 * (kStatusButton + kGap),
               y + i / 2 * (kButtonHeight + kGap), kStatusButton, kButtonHeight);
+    }
     y += kNoteHeight + kGap;
     PlaceRow(ID_MESSAGE, kMessageCount, y, kTopButton - 3);
     y += kButtonHeight + kGap;
-    m_inputs.Place(m_hWnd, m_font, kMargin, y);
+    m_inputs.Place(m_controls, m_font, kMargin, y);
     y += Inputs::Height() + kGap;
-    m_lists.Place(m_hWnd, m_font, kMargin, y);
+    m_lists.Place(m_controls, m_font, kMargin, y);
     PlacePanes();
     PlaceStatusBar();
 }
@@ -270,8 +284,7 @@ void GalleryDialog::PlacePanes() {
     const int right = client.right - margin.x;
     if (m_splitX == 0) m_splitX = client.right / 2;
     const auto place = [&](int id, int from, int to) {
-        SetWindowPos(GetDlgItem(m_hWnd, id), nullptr, from, top, to - from, size.y,
-                     SWP_NOZORDER | SWP_NOACTIVATE);
+        SetWindowPos(m_controls[id], nullptr, from, top, to - from, size.y, SWP_NOZORDER | SWP_NOACTIVATE);
     };
     place(ID_LEFT_PANE, margin.x, m_splitX);
     place(ID_SPLIT, m_splitX, m_splitX + size.x);

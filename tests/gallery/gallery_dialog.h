@@ -1,6 +1,7 @@
 // The window of the gallery: everything that the toolkit paints, in all themes.
 #pragma once
 
+#include "tests/gallery/control_map.h"
 #include "tests/gallery/inputs.h"
 #include "tests/gallery/lists.h"
 #include "tests/gallery/sheet.h"
@@ -47,6 +48,7 @@ private:
     void LoadIcons();
     void Place(int id, int x, int y, int cx, int cy) const;
     void PlaceRow(int first, int count, int y, int width) const;
+    void LayOut();
     void PlaceSheets() const;
     void PlacePanes();
     void PlaceStatusBar();
@@ -56,6 +58,7 @@ private:
     void OnSplit();
     [[nodiscard]] PixelSize ToPixels(int x, int y) const;
 
+    ControlMap m_controls;
     StateTable m_states;
     Inputs m_inputs;
     Lists m_lists;
@@ -73,5 +76,7 @@ private:
     tvStatusBar m_status;
     tvIconHandle m_picture;  // in the theme's colour
     int m_splitX = 0;        // pixels; 0: in the middle
+    RECT m_laidOut{};        // the client area and the font that the controls lie in place for
+    HFONT m_laidOutFont = nullptr;
     bool m_painted = false;
 };

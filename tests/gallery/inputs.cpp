@@ -47,39 +47,39 @@ void Inputs::AddTo(tvDialog& dialog) {
         dialog.AddControl(ATOM_EDIT, Id(kFirstNumber, i), 0, 0, kNumberWidth, kHeight);
 }
 
-void Inputs::Wrap(HWND dialog) {
-    WrapEdits(dialog);
-    WrapCombos(dialog);
-    WrapSpins(dialog);
+void Inputs::Wrap(HWND dialog, const ControlMap& controls) {
+    WrapEdits(controls);
+    WrapCombos(controls);
+    WrapSpins(dialog, controls);
 }
 
-void Inputs::WrapEdits(HWND dialog) {
+void Inputs::WrapEdits(const ControlMap& controls) {
     constexpr const wchar_t* kTexts[EDITS] = {
         L"Edit box", L"",
         L"Password", L"Read-only",
         L"Disabled", L"Edit box of several lines\r\nThe second\r\nThe third\r\nThe fourth\r\nThe fifth"};
     for (std::size_t i = 0; i < EDITS; ++i) {
-        SetDlgItemTextW(dialog, Id(kFirstEdit, i), kTexts[i]);
+        SetWindowTextW(controls[Id(kFirstEdit, i)], kTexts[i]);
         m_Edits[i].m_autoHeight = 1;
-        m_Edits[i].SubclassDlgItem(dialog, Id(kFirstEdit, i));
+        m_Edits[i].SubclassWindow(controls[Id(kFirstEdit, i)]);
     }
     m_Edits[EDIT_CUE].SetCue(u"The cue", true);
 }
 
-void Inputs::WrapCombos(HWND dialog) {
+void Inputs::WrapCombos(const ControlMap& controls) {
     for (std::size_t i = 0; i < COMBOS; ++i) {
-        m_Combos[i].SubclassDlgItem(dialog, Id(kFirstCombo, i));
+        m_Combos[i].SubclassWindow(controls[Id(kFirstCombo, i)]);
         for (const wchar_t* text : {L"Combo box", L"The second row", L"The third row"})
             m_Combos[i].Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
         m_Combos[i].Send(CB_SETCURSEL, 0);
     }
 }
 
-void Inputs::WrapSpins(HWND dialog) {
+void Inputs::WrapSpins(HWND dialog, const ControlMap& controls) {
     for (std::size_t i = 0; i < SPINS; ++i) {
         if (i != SPIN_ALONE) {
             m_Numbers[i].m_autoHeight = 1;
-            m_Numbers[i].SubclassDlgItem(dialog, Id(kFirstNumber, i));
+            m_Numbers[i].SubclassWindow(controls[Id(kFirstNumber, i)]);
         }
         m_Spins[i].Create(dialog, Id(kFirstSpin, i), WS_VISIBLE | UDS_SETBUDDYINT | kSpinStyles[i]);
         m_Spins[i].Send(UDM_SETBUDDY, reinterpret_cast<WPARAM>(m_Numbers[i].Handle()));
@@ -88,12 +88,11 @@ void Inputs::WrapSpins(HWND dialog) {
     }
 }
 
-void Inputs::Place(HWND dialog, HFONT font, int x, int y) {
+void Inputs::Place(const ControlMap& controls, HFONT font, int x, int y) {
     const auto place = [&](u16 id, int left, int top, int width, int height) {
         const PixelSize at = DialogUnitsToPixels(font, left, top);
         const PixelSize size = DialogUnitsToPixels(font, width, height);
-        SetWindowPos(GetDlgItem(dialog, id), nullptr, at.x, at.y, size.x, size.y,
-                     SWP_NOZORDER | SWP_NOACTIVATE);
+        SetWindowPos(controls[id], nullptr, at.x, at.y, size.x, size.y, SWP_NOZORDER | SWP_NOACTIVATE);
     };
     for (std::size_t i = 0; i < EDITS; ++i) {
         place(Id(kFirstEdit, i), x + static_cast<int>(i) * kStep, y, kWidth,

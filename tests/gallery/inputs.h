@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "tests/gallery/control_map.h"
 #include "toolkit/combo_box.h"
 #include "toolkit/dialog.h"
 #include "toolkit/edit.h"
@@ -14,11 +15,11 @@ public:
     static void AddTo(tvDialog& dialog);
 
     // Gives them their wrappers and texts.
-    void Wrap(HWND dialog);
+    void Wrap(HWND dialog, const ControlMap& controls);
 
     // Puts them into their places, in the dialog units of a font; the corner is in those too. Runs again when
     // a combo box has got a new window.
-    void Place(HWND dialog, HFONT font, int x, int y);
+    void Place(const ControlMap& controls, HFONT font, int x, int y);
 
     // How many dialog units it takes.
     [[nodiscard]] static int Height();
@@ -36,9 +37,9 @@ private:
     enum : std::size_t { COMBO_LIST, COMBO_EDIT, COMBO_LIST_OFF, COMBO_EDIT_OFF, COMBOS };
     enum : std::size_t { SPIN_RIGHT, SPIN_LEFT, SPIN_ACROSS, SPIN_ALONE, SPINS };
 
-    void WrapEdits(HWND dialog);
-    void WrapCombos(HWND dialog);
-    void WrapSpins(HWND dialog);
+    void WrapEdits(const ControlMap& controls);
+    void WrapCombos(const ControlMap& controls);
+    void WrapSpins(HWND dialog, const ControlMap& controls);
 
     std::array<tvEdit, EDITS> m_Edits;
     std::array<tvComboBox, COMBOS> m_Combos;

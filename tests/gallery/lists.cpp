@@ -44,9 +44,9 @@ void Lists::AddTo(tvDialog& dialog) {
     dialog.AddControl(ATOM_STATIC, kMenuSheet, 0, 0, 1, 1);
 }
 
-void Lists::Wrap(HWND dialog) {
+void Lists::Wrap(const ControlMap& controls) {
     for (std::size_t i = 0; i < LISTS; ++i)
-        m_Lists[i].SubclassDlgItem(dialog, ListId(i));
+        m_Lists[i].SubclassWindow(controls[ListId(i)]);
     PosedList& plain = m_Lists[LIST_PLAIN];
     for (const char16_t* text : {u"A list box", u"The current row\tA note", u"\tIndented\t",
                                  u"Cut off\tC:\\A folder with a long name\\Everything.vmr"})
@@ -69,7 +69,7 @@ void Lists::Wrap(HWND dialog) {
         lines.AddItem(u"A row behind the others");
     lines.m_hotIndex = 1;
     FillMenu();
-    m_MenuSheet.SubclassDlgItem(dialog, kMenuSheet);
+    m_MenuSheet.SubclassWindow(controls[kMenuSheet]);
 }
 
 void Lists::FillMenu() {
@@ -115,12 +115,11 @@ void Lists::DrawMenu(HDC dc, const RECT& rect) {
     RestoreDC(dc, saved);  // rows keep what is painted after them off themselves
 }
 
-void Lists::Place(HWND dialog, HFONT font, int x, int y) {
+void Lists::Place(const ControlMap& controls, HFONT font, int x, int y) {
     const auto place = [&](u16 id, int left, int width) {
         const PixelSize at = DialogUnitsToPixels(font, left, y);
         const PixelSize size = DialogUnitsToPixels(font, width, kHeight);
-        SetWindowPos(GetDlgItem(dialog, id), nullptr, at.x, at.y, size.x, size.y,
-                     SWP_NOZORDER | SWP_NOACTIVATE);
+        SetWindowPos(controls[id], nullptr, at.x, at.y, size.x, size.y, SWP_NOZORDER | SWP_NOACTIVATE);
     };
     for (std::size_t i = 0; i < LISTS; ++i)
         place(ListId(i), x + static_cast<int>(i) * kStep, kWidth);

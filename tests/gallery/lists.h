@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "tests/gallery/control_map.h"
 #include "tests/gallery/sheet.h"
 #include "toolkit/dialog.h"
 #include "toolkit/list_box.h"
@@ -16,10 +17,10 @@ public:
     static void AddTo(tvDialog& dialog);
 
     // Gives them their wrappers and rows.
-    void Wrap(HWND dialog);
+    void Wrap(const ControlMap& controls);
 
     // Puts them into their places, in the dialog units of a font; the corner is in those too.
-    static void Place(HWND dialog, HFONT font, int x, int y);
+    static void Place(const ControlMap& controls, HFONT font, int x, int y);
 
     // How many dialog units it takes.
     [[nodiscard]] static int Height();

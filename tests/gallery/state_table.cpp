@@ -86,21 +86,21 @@ void StateTable::AddTo(tvDialog& dialog) const {
     }
 }
 
-void StateTable::Wrap(HWND dialog, HICON icon) {
+void StateTable::Wrap(const ControlMap& controls, HICON icon) {
     for (int column = 0; column < static_cast<int>(COLUMNS); ++column)
-        SetDlgItemTextW(dialog, kFirstHeadId + column, Wide(kHeads[column]));
+        SetWindowTextW(controls[kFirstHeadId + column], Wide(kHeads[column]));
     for (std::size_t row = 0; row < m_Rows.size(); ++row) {
-        SetDlgItemTextW(dialog, TitleId(row), Wide(m_Rows[row].title));
+        SetWindowTextW(controls[TitleId(row)], Wide(m_Rows[row].title));
         for (std::size_t column = 0; column < COLUMNS; ++column)
-            if (m_Rows[row].cells[column] != nullptr) WrapCell(dialog, row, column, icon);
+            if (m_Rows[row].cells[column] != nullptr) WrapCell(controls, row, column, icon);
     }
 }
 
-void StateTable::WrapCell(HWND dialog, std::size_t row, std::size_t column, HICON icon) {
+void StateTable::WrapCell(const ControlMap& controls, std::size_t row, std::size_t column, HICON icon) {
     tvButton& cell = *m_Rows[row].cells[column];
-    const int id = CellId(row, column);
-    SetDlgItemTextW(dialog, id, L"&Button");
-    cell.SubclassDlgItem(dialog, id);
+    const HWND control = controls[CellId(row, column)];
+    SetWindowTextW(control, L"&Button");
+    cell.SubclassWindow(control);
     if (m_Rows[row].hasIcon) cell.Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon));
     if (m_Rows[row].check != 0) cell.Send(BM_SETCHECK, m_Rows[row].check);
     // Not from the template: a dialog takes the style from all but one.
@@ -115,12 +115,11 @@ void StateTable::SetIcon(HICON icon) {
                 cell->Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon));
 }
 
-void StateTable::Place(HWND dialog, HFONT font, int x, int y) const {
+void StateTable::Place(const ControlMap& controls, HFONT font, int x, int y) const {
     const auto place = [&](u16 id, int left, int top, int width, int height) {
         const PixelSize at = DialogUnitsToPixels(font, left, top);
         const PixelSize size = DialogUnitsToPixels(font, width, height);
-        SetWindowPos(GetDlgItem(dialog, id), nullptr, at.x, at.y, size.x, size.y,
-                     SWP_NOZORDER | SWP_NOACTIVATE);
+        SetWindowPos(controls[id], nullptr, at.x, at.y, size.x, size.y, SWP_NOZORDER | SWP_NOACTIVATE);
     };
     const auto leftOf = [x](std::size_t column) {
         return x + kTitleWidth + static_cast<int>(column) * kColumnStep;

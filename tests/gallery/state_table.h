@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "tests/gallery/control_map.h"
 #include "tests/gallery/posed.h"
 #include "toolkit/dialog.h"
 
@@ -16,10 +17,10 @@ public:
     void AddTo(tvDialog& dialog) const;
 
     // Gives them their wrappers, states and texts. The icon is not owned.
-    void Wrap(HWND dialog, HICON icon);
+    void Wrap(const ControlMap& controls, HICON icon);
 
     // Puts them into their places, in the dialog units of a font; the corner is in those too.
-    void Place(HWND dialog, HFONT font, int x, int y) const;
+    void Place(const ControlMap& controls, HFONT font, int x, int y) const;
 
     void SetIcon(HICON icon);
 
@@ -44,7 +45,7 @@ private:
     void AddCheckRow(const char16_t* title, u32 style, unsigned check);
     static u16 CellId(std::size_t row, std::size_t column);
     static u16 TitleId(std::size_t row);
-    void WrapCell(HWND dialog, std::size_t row, std::size_t column, HICON icon);
+    void WrapCell(const ControlMap& controls, std::size_t row, std::size_t column, HICON icon);
 
     std::vector<Row> m_Rows;
 };
