@@ -3,18 +3,45 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstddef>
 #include <functional>
+#include <utility>
 #include <vector>
 
-// In milliseconds.
-inline double MedianOf(int runs, const std::function<void()>& work) {
+inline double Median(std::vector<double> times) {
+    const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
+    std::nth_element(times.begin(), middle, times.end());
+    return *middle;
+}
+
+// All in milliseconds.
+
+inline double TimeOf(const std::function<void()>& work) {
     using Clock = std::chrono::steady_clock;
+    const Clock::time_point start = Clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+inline double MedianOf(int runs, const std::function<void()>& work) {
     std::vector<double> times;
+    for (int i = 0; i < runs; ++i)
+        times.push_back(TimeOf(work));
+    return Median(std::move(times));
+}
+
+struct Medians {
+    double first;
+    double second;
+};
+
+// In turn, so that what else the machine does slows down both.
+inline Medians MediansOf(int runs, const std::function<void()>& first, const std::function<void()>& second) {
+    std::vector<double> ofFirst;
+    std::vector<double> ofSecond;
     for (int i = 0; i < runs; ++i) {
-        const Clock::time_point start = Clock::now();
-        work();
-        times.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
+        ofFirst.push_back(TimeOf(first));
+        ofSecond.push_back(TimeOf(second));
     }
-    std::nth_element(times.begin(), times.begin() + runs / 2, times.end());
-    return times[static_cast<std::size_t>(runs / 2)];
+    return {Median(std::move(ofFirst)), Median(std::move(ofSecond))};
 }

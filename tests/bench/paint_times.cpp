@@ -1,10 +1,10 @@
-// How long windows take to be painted, to change their theme and to appear, each beside the least that any
-// program would need. Medians in milliseconds, one line each.
+// How long windows take to be painted and to change their theme, each beside the least that any program would
+// need. Medians in milliseconds, one line each.
 #include <cstdio>
 #include <memory>
 
-#include "foundation/path.h"
 #include "tests/bench/median.h"
+#include "tests/bench/plain_copy.h"
 #include "tests/gallery/gallery_dialog.h"
 #include "toolkit/app.h"
 #include "toolkit/draw.h"
@@ -21,8 +21,9 @@ void DispatchAll() {
     GdiFlush();
 }
 
-void PrintBoth(const char* what, double ours, const char* other, double theirs) {
-    std::printf("%-44s %8.2f ms   %-38s %8.2f ms   times %.2f\n", what, ours, other, theirs, ours / theirs);
+void Print(const char* what, const Medians& times) {
+    std::printf("%-44s %8.2f ms   same areas filled, same texts drawn %8.2f ms   times %.2f\n", what,
+                times.first, times.second, times.first / times.second);
 }
 
 // --- Repainting ---
@@ -52,19 +53,25 @@ void RepaintBarely(HWND window) {
     GdiFlush();
 }
 
+Medians MeasureRepaintOf(HWND window) {
+    constexpr int kRuns = 41;
+    DispatchAll();
+    return MediansOf(
+        kRuns, [window] { Repaint(window); }, [window] { RepaintBarely(window); });
+}
+
 void MeasureRepaint() {
-    constexpr int kRuns = 21;
     GalleryDialog gallery;
     tvApp::Get()->m_mainWnd = &gallery;
     gallery.Create(nullptr);
     ShowWindow(gallery.Handle(), SW_SHOW);
     for (const char16_t* name : {u"Light", u"System Default"}) {
         TheTheme().Apply(TheTheme().FindTheme(name));
-        DispatchAll();
-        const double ours = MedianOf(kRuns, [&] { Repaint(gallery.Handle()); });
-        const double bare = MedianOf(kRuns, [&] { RepaintBarely(gallery.Handle()); });
-        PrintBoth(*name == u'L' ? "gallery repainted, Light" : "gallery repainted, System Default", ours,
-                  "same areas filled, same texts drawn", bare);
+        Print(*name == u'L' ? "gallery repainted, Light" : "gallery repainted, System Default",
+              MeasureRepaintOf(gallery.Handle()));
+        const HWND copy = MakePlainCopy(gallery.Handle());
+        Print("  the system's windows of the same kinds", MeasureRepaintOf(copy));
+        DestroyWindow(copy);
         DispatchAll();
     }
     tvApp::Get()->m_mainWnd = nullptr;
@@ -102,44 +109,13 @@ void MeasureThemeSwitch() {
     ShowWindow(window.Handle(), SW_SHOW);
     DispatchAll();
     int next = 0;
-    const double switched = MedianOf(kRuns, [&] {
+    const auto change = [&next] {
         TheTheme().Apply(next++ % 4);  // the colour themes
         DispatchAll();
-    });
-    const double bare = MedianOf(kRuns, [&] { RepaintBarely(window.Handle()); });
-    PrintBoth("theme of 100 buttons switched and painted", switched, "same areas filled, same texts drawn",
-              bare);
-    tvApp::Get()->m_mainWnd = nullptr;
-}
-
-// --- Starting ---
-
-bool RunProgram(tvstring command) {
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION process{};
-    if (CreateProcessW(nullptr, Wide(command.data()), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                       &process) == FALSE)
-        return false;
-    WaitForSingleObject(process.hProcess, INFINITE);
-    DWORD code = 1;
-    GetExitCodeProcess(process.hProcess, &code);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return code == 0;
-}
-
-bool MeasureStart() {
-    constexpr int kRuns = 9;
-    bool good = true;
-    const auto timeOf = [&good](const char16_t* command) {
-        return MedianOf(kRuns, [&] { good = RunProgram(ProgramPath(command)) && good; });
     };
-    const double ours = timeOf(u"gallery.exe --first-paint");
-    const double bare = timeOf(u"bare_window.exe");
-    if (good)
-        PrintBoth("gallery from start to first paint and end", ours, "a program with a bare window", bare);
-    return good;
+    Print("theme of 100 buttons switched and painted",
+          MediansOf(kRuns, change, [&window] { RepaintBarely(window.Handle()); }));
+    tvApp::Get()->m_mainWnd = nullptr;
 }
 
 }  // namespace
@@ -148,7 +124,5 @@ int main() {
     const tvBaseApp app;
     MeasureRepaint();
     MeasureThemeSwitch();
-    if (MeasureStart()) return 0;
-    std::puts("gallery.exe or bare_window.exe is not beside this program, or fails");
-    return 1;
+    return 0;
 }

@@ -1,94 +1,50 @@
-// How long the program takes from its start to its painted window, against a program that only shows an empty
-// window. Both are started and looked at from here in the same way. vaultmere.exe and bare_window.exe lie
-// beside this program, which needs a display.
+// How long programs take from their start to their painted window, against one that only shows an empty
+// window. All are started and looked at from here in the same way, in turn. They lie beside this program,
+// which needs a display.
 #include <algorithm>
 #include <cstdio>
 #include <vector>
 
-#include "foundation/path.h"
-#include "platform/windows_api.h"
+#include "tests/bench/median.h"
+#include "tests/bench/process_start.h"
 
 namespace {
 
-using Milliseconds = double;
-
-struct Search {
-    DWORD process;
-    HWND found;
+struct Program {
+    const char16_t* file;
+    const char16_t* arguments;
+    const char* name;
+    double wanted;  // milliseconds above the bare window
+    std::vector<Milliseconds> times{};
 };
-
-BOOL CALLBACK LookForWindow(HWND window, LPARAM lParam) {
-    auto* search = reinterpret_cast<Search*>(lParam);
-    DWORD process = 0;
-    GetWindowThreadProcessId(window, &process);
-    if (process != search->process || IsWindowVisible(window) == FALSE) return TRUE;
-    search->found = window;
-    return FALSE;
-}
-
-Milliseconds Now() {
-    LARGE_INTEGER count;
-    LARGE_INTEGER frequency;
-    QueryPerformanceCounter(&count);
-    QueryPerformanceFrequency(&frequency);
-    return 1000.0 * static_cast<double>(count.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
-
-// A window that answers has dealt with what was before in its queue; painting comes last of all.
-bool IsPainted(HWND window) {
-    constexpr UINT kLimit = 5000;
-    DWORD_PTR answer = 0;
-    return SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, kLimit, &answer) != 0 &&
-           GetUpdateRect(window, nullptr, FALSE) == FALSE;
-}
-
-// From the start to the window's paint; negative if there is none.
-Milliseconds StartOf(const char16_t* name, const char16_t* arguments) {
-    constexpr DWORD kLimit = 20000;
-    tvstring command = u"\"";
-    command.append(ProgramPath(name)).append(u"\" ").append(arguments);
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION process{};
-    const Milliseconds from = Now();
-    if (CreateProcessW(nullptr, platform::Wide(command.data()), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                       &start, &process) == FALSE)
-        return -1;
-    WaitForInputIdle(process.hProcess, kLimit);
-    Search search{process.dwProcessId, nullptr};
-    while ((search.found == nullptr || !IsPainted(search.found)) && Now() - from < kLimit)
-        EnumWindows(LookForWindow, reinterpret_cast<LPARAM>(&search));
-    const Milliseconds taken = search.found == nullptr ? -1 : Now() - from;
-    PostMessageW(search.found, WM_CLOSE, 0, 0);
-    if (WaitForSingleObject(process.hProcess, kLimit) != WAIT_OBJECT_0) TerminateProcess(process.hProcess, 1);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return taken;
-}
-
-Milliseconds Median(std::vector<Milliseconds> times) {
-    std::sort(times.begin(), times.end());
-    return times.empty() ? -1 : times[times.size() / 2];
-}
 
 }  // namespace
 
 int main() {
     constexpr int kRuns = 15;
-    std::vector<Milliseconds> program;
-    std::vector<Milliseconds> bare;
-    for (int i = 0; i < kRuns; ++i) {
-        program.push_back(StartOf(u"vaultmere.exe", u""));
-        bare.push_back(StartOf(u"bare_window.exe", u"--stay"));
+    Program bare{u"bare_window.exe", u"--stay", "bare window", 0};
+    Program programs[] = {{u"vaultmere.exe", u"", "vaultmere", 200}, {u"gallery.exe", u"", "gallery", 150}};
+    bool good = true;
+    const auto start = [&good](Program& program) {
+        program.times.push_back(StartOf(program.file, program.arguments));
+        good = good && program.times.back() >= 0;
+    };
+    for (int i = 0; i < kRuns && good; ++i) {
+        start(bare);
+        for (Program& program : programs)
+            start(program);
     }
-    const Milliseconds ours = Median(program);
-    const Milliseconds theirs = Median(bare);
-    if (*std::min_element(program.begin(), program.end()) < 0 ||
-        *std::min_element(bare.begin(), bare.end()) < 0) {
-        std::puts("vaultmere.exe or bare_window.exe is not beside this program, or shows no window");
+    if (!good) {
+        std::puts("A program is not beside this one, or shows no window");
         return 1;
     }
-    std::printf("start to painted window: %.0f ms; a bare window: %.0f ms; %.0f ms above it (200 wanted)\n",
-                ours, theirs, ours - theirs);
+    const double theirs = Median(bare.times);
+    for (const Program& program : programs) {
+        const double ours = Median(program.times);
+        std::printf(
+            "%s from start to painted window: %.0f ms; a bare window: %.0f ms; %.0f ms above it (%.0f "
+            "wanted)\n",
+            program.name, ours, theirs, ours - theirs, program.wanted);
+    }
     return 0;
 }
