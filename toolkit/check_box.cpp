@@ -22,6 +22,10 @@ UINT LabelFlags(u32 style) {
     return flags | (down == BS_BOTTOM ? DT_BOTTOM : DT_VCENTER);
 }
 
+// All that LabelFlags can give: what else an owner has asked for stays through changes of the style.
+constexpr u32 kFlagsOfStyle =
+    DT_EXPANDTABS | DT_WORDBREAK | DT_SINGLELINE | DT_CENTER | DT_RIGHT | DT_VCENTER | DT_BOTTOM;
+
 // A child window's place in its parent.
 RECT PlaceOf(HWND window) {
     RECT rect;
@@ -153,7 +157,7 @@ void tvCheckBox::ReadCheckBack() {
 
 // What hangs on the style besides it.
 void tvCheckBox::SyncStyleFollowers() {
-    m_drawFlags = LabelFlags(m_style);
+    m_drawFlags = LabelFlags(m_style) | (m_drawFlags & ~kFlagsOfStyle);
     if (Type() == BS_AUTORADIOBUTTON) {
         // NOLINTNEXTLINE(performance-no-int-to-ptr): a property is a number
         SetPropW(m_hWnd, Wide(kRadioProperty), reinterpret_cast<HANDLE>(INT_PTR{BS_AUTORADIOBUTTON}));

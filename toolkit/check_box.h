@@ -34,7 +34,7 @@ public:
 
     u8 m_autoFit = 1;
     u32 m_check = 0;      // 0, 1, or 2 for neither
-    u32 m_drawFlags = 0;  // of DrawTextW, for the label
+    u32 m_drawFlags = 0;  // of DrawTextW, for the label: those of the style, and what an owner adds
 
 private:
     struct Box {

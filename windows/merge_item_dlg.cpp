@@ -5,6 +5,7 @@
 
 #include "database/database.h"
 #include "foundation/language.h"
+#include "foundation/textops.h"
 #include "shell/statics.h"
 #include "toolkit/control_state.h"
 #include "toolkit/rect.h"
@@ -22,6 +23,13 @@ constexpr UINT kPreviewFlags = DT_NOPREFIX | DT_PATH_ELLIPSIS | DT_WORD_ELLIPSIS
 
 void SetText(HWND window, const tvstring& text) {
     SetWindowTextW(window, Wide(text.c_str()));
+}
+
+// A name as a caption, in which a single "&" would mark a short cut.
+tvstring NameText(const VMRD_Element* item) {
+    tvstring text = ElementText(item);
+    ReplaceAll(text, u"&", u"&&");
+    return text;
 }
 
 tvstring InfoText() {
@@ -66,7 +74,7 @@ void CVMRMergeItemDlg::OnUpdateText() {
 bool CVMRMergeItemDlg::OnInitDialog() {
     CVMRBaseDlg::OnInitDialog();
     const auto name = [this](std::size_t index) {
-        return index < m_Items.size() ? ElementText(m_Items[index]) : tvstring();
+        return index < m_Items.size() ? NameText(m_Items[index]) : tvstring();
     };
     SetText(m_radio1.Handle(), name(0));
     SetText(m_radio2.Handle(), name(1));

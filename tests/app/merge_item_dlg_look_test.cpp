@@ -43,6 +43,21 @@ protected:
         GetWindowRect(m_Dialog->Handle(), &rect);
         return {rect.right - rect.left, rect.bottom - rect.top};
     }
+    // Both names fill their lines and end in dots.
+    void ExpectDots(const std::string& theme) const {
+        SetFocus(Item(IDOK));  // the dots of the keyboard are none of the name's
+        Settle(m_Dialog->Handle());
+        for (const int id : {kRadio1, kRadio2}) {
+            const Picture picture(Item(id));
+            const RECT client = ClientOf(Item(id));
+            const COLORREF ground = TheTheme().m_base;
+            const int middle = static_cast<int>(client.bottom) / 2;
+            const RECT ink = InkIn(picture, ground, client);
+            EXPECT_GT(ink.right, client.right * 3 / 4) << "the name does not fill its line: " << theme;
+            const RECT high = InkIn(picture, ground, {ink.right - 6, 0, ink.right, middle});
+            EXPECT_TRUE(IsRectEmpty(&high)) << "it does not end in dots: " << theme;
+        }
+    }
     void Choose(int id) const {
         Click(Item(id));
         ASSERT_TRUE(PumpUntil(SeeingChosen(id)));
@@ -156,18 +171,37 @@ TEST_F(MergeItemLook, CutsLongNamesOffWithDots) {
         UseTheme(name, Window());
         Renew();
         Show();
-        SetFocus(Item(IDOK));  // its dots are none of the name's
-        Settle(m_Dialog->Handle());
-        for (const int id : {kRadio1, kRadio2}) {
-            const Picture picture(Item(id));
-            const RECT client = ClientOf(Item(id));
-            const COLORREF ground = TheTheme().m_base;
-            const int middle = static_cast<int>(client.bottom) / 2;
-            const RECT ink = InkIn(picture, ground, client);
-            EXPECT_GT(ink.right, client.right * 3 / 4) << "the name does not fill its line";
-            const RECT high = InkIn(picture, ground, {ink.right - 6, 0, ink.right, middle});
-            EXPECT_TRUE(IsRectEmpty(&high)) << "it does not end in dots";
-        }
+        ExpectDots(Letters(name));
+    }
+}
+
+TEST_F(MergeItemLook, CutsLongNamesOffWithDotsAfterAChangeOfTheTheme) {
+    m_First->m_Name = tvstring(200, u'W');
+    m_Second->m_Name = tvstring(200, u'H');
+    UseTheme(u"Light", Window());
+    Show();
+    for (const char16_t* name : {u"System Default", u"Dark"}) {
+        UseTheme(name, m_Dialog->Handle());
+        if (!TheTheme().m_isSystemDefault) ExpectDots(Letters(name));
+    }
+}
+
+TEST_F(MergeItemLook, ShowsAnAmpersandInANameAsItIs) {
+    for (const char16_t* theme : {u"Light", u"System Default"}) {
+        UseTheme(theme, Window());
+        const auto widthOf = [this](const char16_t* name) {
+            m_First->m_Name = name;
+            Renew();
+            Show();
+            SetFocus(Item(IDOK));  // its dots are none of the name's
+            Settle(m_Dialog->Handle());
+            const COLORREF ground = TheTheme().Color(&tvColorTheme::m_base, COLOR_BTNFACE);
+            return Width(InkIn(Picture(Item(kRadio1)), ground, ClientOf(Item(kRadio1))));
+        };
+        const int without = widthOf(u"ab");
+        const int ampersand = static_cast<int>(SizeIn(u"&", 1000, DT_SINGLELINE | DT_NOPREFIX).cx);
+        EXPECT_NEAR(widthOf(u"a&b"), without + ampersand, 2) << Letters(theme);
+        EXPECT_NEAR(widthOf(u"a&&b"), without + 2 * ampersand, 2) << Letters(theme);
     }
 }
 
