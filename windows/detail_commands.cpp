@@ -109,9 +109,8 @@ const tvstring& CVMRRightDlg::HotText() const {
 // The field is kept: on its way over the menu the mouse may come to another.
 void CVMRRightDlg::OnContextMenu(LPARAM lParam) {
     const POINT point{static_cast<i16>(LOWORD(lParam)), static_cast<i16>(HIWORD(lParam))};
-    const bool isOfKeyboard = point.x == -1 && point.y == -1;  // for the list, which has a menu of its own
     const CVMRAppData& data = TheAppData();
-    if (isOfKeyboard || data.detailMenu.Handle() == nullptr || !FieldUsable()) return;
+    if (data.detailMenu.Handle() == nullptr || !FieldUsable()) return;
     const u16 field = m_hotField;
     const bool hasText = !HotText().empty();
     data.detailMenu.SetItemText(

@@ -115,9 +115,9 @@ void CVMRLeftDlg::MakeSearchTip() {
 void CVMRLeftDlg::OnUpdateState() {
     const auto [rows, selected] = CountsOf(m_list);
     const bool canMove = selected > 0 && selected < rows;
-    EnableWindow(m_upBtn.Handle(), canMove ? TRUE : FALSE);
-    EnableWindow(m_downBtn.Handle(), canMove ? TRUE : FALSE);
-    EnableWindow(m_removeBtn.Handle(), selected >= 1 ? TRUE : FALSE);
+    EnableListButton(*this, m_list, m_upBtn, canMove);
+    EnableListButton(*this, m_list, m_downBtn, canMove);
+    EnableListButton(*this, m_list, m_removeBtn, selected >= 1);
 }
 
 // --- Layout ---

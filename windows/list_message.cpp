@@ -10,6 +10,20 @@ ListCounts CountsOf(const tvMListBox& list) {
     return {list.GetCount(), std::max(list.GetSelCount(), 0)};
 }
 
+namespace {
+
+void FocusList(const CVMRBaseDlg& pane, const tvMListBox& list) {
+    pane.Send(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(list.Handle()), TRUE);
+}
+
+}  // namespace
+
+void EnableListButton(const CVMRBaseDlg& pane, const tvMListBox& list, const tvWnd& button, bool enabled) {
+    if (!enabled && button.Handle() == GetFocus() && IsWindowVisible(list.Handle()) != FALSE)
+        FocusList(pane, list);
+    EnableWindow(button.Handle(), enabled ? TRUE : FALSE);
+}
+
 bool UpdateItemMenu(const tvMListBox* list, bool isEntryList) {
     const ListCounts counts = CountsOf(*list);
     return TheAppData().UpdateItemMenu({counts.rows, counts.selected, isEntryList});
@@ -54,10 +68,6 @@ void OnContextMenu(const CVMRBaseDlg& pane, LPARAM lParam, const tvMListBox& lis
 }
 
 // --- Commands ---
-
-void FocusList(const CVMRBaseDlg& pane, const tvMListBox& list) {
-    pane.Send(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(list.Handle()), TRUE);
-}
 
 // The other pane follows the selection of the item list.
 void OnSelection(CVMRBaseDlg& pane, const CVMRItemListBox& list) {

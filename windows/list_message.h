@@ -24,6 +24,10 @@ struct ListCounts {
 };
 ListCounts CountsOf(const tvMListBox& list);
 
+// Enables or disables a button of the list's pane. The keyboard goes from a button that has it to the list:
+// disabled, the button would keep it, and no key would do anything.
+void EnableListButton(const CVMRBaseDlg& pane, const tvMListBox& list, const tvWnd& button, bool enabled);
+
 // Sets up the menu of the list; false if it must not be opened.
 bool UpdateItemMenu(const tvMListBox* list, bool isEntryList);
 

@@ -28,13 +28,17 @@ void ShowIf(const tvWnd& window, bool shown) {
     ShowWindow(window.Handle(), shown ? SW_SHOWNA : SW_HIDE);
 }
 
-void EnableIf(const tvWnd& button, bool enabled) {
-    EnableWindow(button.Handle(), enabled ? TRUE : FALSE);
-}
-
 void Move(const tvWnd& window, const RECT& rect) {
     MoveWindow(window.Handle(), static_cast<int>(rect.left), static_cast<int>(rect.top), Width(rect),
                Height(rect), TRUE);
+}
+
+// The list has a menu of its own, which the keyboard means wherever the mouse is.
+bool IsMenuOfList(WPARAM wParam, LPARAM lParam, const tvMListBox& list) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a message's argument
+    const auto* window = reinterpret_cast<HWND>(wParam);
+    return static_cast<u32>(lParam) == static_cast<u32>(-1) || window == list.Handle() ||
+           window == tvScrollBox::OuterOf(list.Handle());
 }
 
 bool IsInDatabase(const VMRD_Item* wanted) {
@@ -123,10 +127,10 @@ void CVMRRightDlg::OnUpdateText() {
 void CVMRRightDlg::OnUpdateState() {
     const auto [rows, selected] = CountsOf(m_list);
     const bool canMove = selected > 0 && selected < rows;
-    EnableIf(m_removeBtn, selected >= 1);
-    EnableIf(m_modifyBtn, selected == 1);
-    EnableIf(m_upBtn, canMove);
-    EnableIf(m_downBtn, canMove);
+    EnableListButton(*this, m_list, m_removeBtn, selected >= 1);
+    EnableListButton(*this, m_list, m_modifyBtn, selected == 1);
+    EnableListButton(*this, m_list, m_upBtn, canMove);
+    EnableListButton(*this, m_list, m_downBtn, canMove);
 }
 
 // --- Layout ---
@@ -241,7 +245,7 @@ LRESULT CVMRRightDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
                 PostMessageW(m_hWnd, WM_COMMAND, CMD_DETAIL_MODIFY, 0);
             break;
         case WM_CONTEXTMENU:
-            OnContextMenu(lParam);
+            if (!IsMenuOfList(wParam, lParam, m_list)) OnContextMenu(lParam);
             return 0;
         case WM_COMMAND:
             OnCommand(LOWORD(wParam));

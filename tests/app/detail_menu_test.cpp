@@ -182,4 +182,55 @@ TEST_F(DetailMenu, OfTheListIsThatOfTheKeyboard) {
     EXPECT_EQ(opened, 1);
 }
 
+// Where the list is pressed, though the pane still takes the mouse to be over a field.
+TEST_F(DetailMenu, OfTheListIsTheOnlyOne) {
+    AddEntries(2);
+    OpenPane();
+    PointAt(kUser);
+    RECT list = OuterScreenPlace(Pane().m_list.Handle());
+    const HWND windows[] = {Pane().m_list.Handle(), tvScrollBox::OuterOf(Pane().m_list.Handle())};
+    for (const HWND window : windows) {
+        std::vector<HMENU> opened;
+        const auto look = [&opened] {
+            if (MenuWindow() == nullptr || IsWindowVisible(MenuWindow()) == FALSE) return false;
+            opened.push_back(OpenedMenu());
+            EndMenu();
+            return true;
+        };
+        const auto noOther = [&look] { return look() || MenuWindow() == nullptr; };
+        const DuringModal during({look, noOther});
+        ASSERT_EQ(Pane().m_hotField, kUser);
+        SendMessageW(PaneWindow(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window),
+                     MAKELPARAM(list.left + 10, list.top + 10));
+        EXPECT_TRUE(PumpUntil([&during] { return during.Done(); }));
+        EXPECT_EQ(opened, std::vector<HMENU>{TheAppData().itemMenu.Handle()});
+    }
+}
+
+TEST_F(DetailMenu, IsNotOpenedIfThereIsNone) {
+    OpenPane();
+    TheAppData().detailMenu.Detach(tvMenu::Menu::Destroy);
+    const DuringModal none({});  // fails once a menu stays
+    RightClick(kUser)();
+    PumpQueue();
+    EXPECT_EQ(MenuWindow(), nullptr);
+    TheAppData().BuildMenus();
+}
+
+TEST_F(DetailMenu, IsNotThereForAnEntryThatTheItemLacks) {
+    OpenPane();
+    ElementArray gone{Entry(kPassword)};
+    TheDatabase().RemoveEntries(gone, &Item());
+    Show(&Item());
+    Pane().m_hotField = kPassword;
+    const RECT place = Field(kUser).m_hitRect;
+    POINT at{place.left + 3, place.top + 3};
+    ClientToScreen(PaneWindow(), &at);
+    const DuringModal none({});  // fails once a menu stays
+    SendMessageW(PaneWindow(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(PaneWindow()),
+                 MAKELPARAM(at.x, at.y));
+    PumpQueue();
+    EXPECT_EQ(MenuWindow(), nullptr);
+}
+
 }  // namespace

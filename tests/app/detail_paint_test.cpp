@@ -345,4 +345,19 @@ TEST_F(DetailPaint, FollowsTheWidthOfThePane) {
     }
 }
 
+// Whoever tells of an item finds its fields on the pane.
+TEST_F(DetailPaint, ShowsAnItemAtOnce) {
+    OpenPane();
+    ItemElement* other = TheDatabase().AddNewItem(&TheDatabase());
+    other->m_Name = u"A name of its own";
+    Settle(PaneWindow());
+    const Picture before(PaneWindow());
+    const RECT name = Field(kName).m_hitRect;
+    Pane().OnAppNotify(APPN_SHOWITEM, AsArgument(static_cast<VMRD_Element*>(other)), 0, 0);
+    EXPECT_FALSE(Picture(PaneWindow()).Part(name) == before.Part(name));
+    Pane().OnAppNotify(APPN_SHOWITEM, 0, 0, 0);
+    EXPECT_TRUE(Pane().m_fields.empty());
+    EXPECT_EQ(Picture(PaneWindow()).Part(name).Count(TextColor()), 0);
+}
+
 }  // namespace

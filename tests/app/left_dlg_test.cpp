@@ -143,6 +143,27 @@ TEST_F(LeftDlg, ButtonsDoWhatTheySay) {
     EXPECT_EQ(GetFocus(), ListWindow());
 }
 
+// A button that cannot be pressed any more would keep the keyboard, and no key would do anything.
+TEST_F(LeftDlg, ButtonsThatAreDisabledHandTheKeyboardToTheList) {
+    OpenWith({u"a", u"b", u"c"});
+    ClickRow(1);
+    SetFocus(Pane().m_removeBtn.Handle());
+    Type(VK_SPACE);
+    EXPECT_TRUE(PumpUntil([this] { return Rows() == "[a][c]" && !CanPress(Pane().m_removeBtn); }));
+    EXPECT_EQ(GetFocus(), ListWindow());
+    for (const CVMRBaseButton* button : {&Pane().m_upBtn, &Pane().m_downBtn}) {
+        Select({0});
+        ASSERT_TRUE(CanPress(*button));
+        SetFocus(button->Handle());
+        Select({0, 1});
+        EXPECT_FALSE(CanPress(*button));
+        EXPECT_EQ(GetFocus(), ListWindow());
+    }
+    SetFocus(Box());
+    Select({});
+    EXPECT_EQ(GetFocus(), Box());
+}
+
 // --- Layout ---
 
 class LayoutOfTheLeftPane : public LeftDlg, public testing::WithParamInterface<int> {};
