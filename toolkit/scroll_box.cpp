@@ -149,12 +149,12 @@ bool tvScrollBox::MeasureFrame(WPARAM wParam, LPARAM lParam) {
     return true;
 }
 
-// Whoever moves the control has the box in mind.
+// Whoever moves the control has the box in mind, and may put it behind a control that stands in a box, too.
 void tvScrollBox::FollowMove(WINDOWPOS& place) {
     const UINT shown = place.flags & (SWP_SHOWWINDOW | SWP_HIDEWINDOW);
     if ((place.flags & kSameGeometry) != kSameGeometry || shown != 0) {
         const UINT kept = place.flags & (kSameGeometry | SWP_NOREDRAW | SWP_NOCOPYBITS);
-        SetWindowPos(m_hWnd, place.hwndInsertAfter, place.x, place.y, place.cx, place.cy,
+        SetWindowPos(m_hWnd, OuterOf(place.hwndInsertAfter), place.x, place.y, place.cx, place.cy,
                      kept | shown | SWP_NOACTIVATE);
     }
     place.flags |= kSameGeometry;
@@ -274,6 +274,7 @@ bool tvScrollBox::PassOn(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& re
             PostMessageW(GetParent(m_hWnd), message, wParam, lParam);
             return true;
         case WM_CONTEXTMENU:
+        case WM_CLOSE:  // what a control of several lines makes of Escape
             PostMessageW(GetParent(m_hWnd), message, wParam, lParam);
             return true;
         case WM_MOUSEWHEEL:

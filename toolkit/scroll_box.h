@@ -15,10 +15,10 @@
 //   reach the control, and what is shown, hidden or enabled by way of it leaves the control as it was.
 //   tvWnd::FindDescendant gives the control. GetParent of the control is the box.
 // - A control of the system's tells the window that it was made in, which is the dialog. What is sent to the
-// control's
-//   parent comes to the box: WM_COMMAND and WM_CONTEXTMENU are posted on, so that they come after the call
-//   that has caused them; WM_DRAWITEM, WM_MEASUREITEM, WM_COMPAREITEM and WM_CTLCOLOR... end there, answered
-//   by the wrapper's reflect operations.
+//   control's parent comes to the box:
+//   WM_COMMAND, WM_CONTEXTMENU and WM_CLOSE are posted on, so that they come after the call that has caused
+//   them; WM_DRAWITEM, WM_MEASUREITEM, WM_COMPAREITEM and WM_CTLCOLOR... end there, answered by the wrapper's
+//   reflect operations.
 // Under System Default there is no box, unless the theme was another one when the control came.
 //
 // The control's wrapper owns the box, and has it take part in its messages: BeforeControl in front of the

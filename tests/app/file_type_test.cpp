@@ -3,8 +3,8 @@
 
 #include "foundation/path.h"
 #include "foundation/registry.h"
-#include "tests/app/import_slot.h"
 #include "tests/app/language_stage.h"
+#include "tests/gui/import_slot.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/app/import_slot.h"
+#include "tests/gui/import_slot.h"
 
 class ShellCalls {
 public:

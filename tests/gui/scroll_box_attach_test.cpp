@@ -149,6 +149,16 @@ TEST_F(PlainDialog, UsesABoxAgainForTheNextControl) {
     EXPECT_TRUE(IsWindowVisible(host));
 }
 
+TEST_F(PlainDialog, HasTheGroundOfEditBoxesForEachNewControl) {
+    tvEdit edit;
+    edit.SubclassWindow(MakeEdit(m_Dialog.Handle(), WS_VISIBLE | kLinesStyle, 0));
+    edit.m_scrollBox.m_fillBase = 1;
+    DestroyWindow(edit.Handle());
+    edit.SubclassWindow(MakeEdit(m_Dialog.Handle(), WS_VISIBLE | kLinesStyle, 0, kBehind));
+    ASSERT_TRUE(edit.m_scrollBox.IsActive());
+    EXPECT_EQ(edit.m_scrollBox.m_fillBase, 0);
+}
+
 TEST(ScrollBox, IsThereForEditBoxesWithAFrameOrABar) {
     EXPECT_NE(LinesStage(kDark, kLinesStyle).Host(), nullptr);
     EXPECT_NE((BoxStage<tvEdit>(kDark, ATOM_EDIT, 0, 14).Host()), nullptr);
@@ -269,6 +279,30 @@ TEST(ScrollBox, TakesThePlaceInTheOrderOfWindowsThatTheControlIsPutTo) {
     EXPECT_EQ(GetWindow(stage.Host(), GW_HWNDPREV), stage.dialog.Item(kBehind));
 }
 
+// The place that is named is that of a window which is none of the box's own neighbours.
+TEST_F(PlainDialog, PutsABoxBehindThatOfAnotherControl) {
+    tvEdit first;
+    tvEdit second;
+    first.SubclassWindow(MakeEdit(m_Dialog.Handle(), WS_VISIBLE | kLinesStyle, 0));
+    second.SubclassWindow(MakeEdit(m_Dialog.Handle(), WS_VISIBLE | kLinesStyle, 0, kBehind));
+    HWND host = first.m_scrollBox.Handle();
+    HWND other = second.m_scrollBox.Handle();
+    SetWindowPos(other, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    ASSERT_EQ(GetTopWindow(m_Dialog.Handle()), other);
+    WINDOWPOS place{};
+    place.hwnd = second.Handle();
+    place.hwndInsertAfter = first.Handle();
+    place.flags = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
+    SendMessageW(second.Handle(), WM_WINDOWPOSCHANGING, 0, reinterpret_cast<LPARAM>(&place));
+    EXPECT_EQ(GetWindow(other, GW_HWNDPREV), host);
+    for (HWND end : {HWND_TOP, HWND_BOTTOM}) {
+        place.hwndInsertAfter = end;
+        place.flags = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
+        SendMessageW(second.Handle(), WM_WINDOWPOSCHANGING, 0, reinterpret_cast<LPARAM>(&place));
+        EXPECT_EQ(GetWindow(other, end == HWND_TOP ? GW_HWNDFIRST : GW_HWNDLAST), other);
+    }
+}
+
 TEST(ScrollBox, IsShownAndHiddenWithTheControl) {
     const LinesStage stage;
     ShowWindow(stage.Control(), SW_HIDE);
@@ -347,6 +381,15 @@ TEST(ScrollBox, PostsTheParentThatAContextMenuIsWanted) {
     EXPECT_TRUE(stage.Hears(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(stage.Control())));
 }
 
+TEST(ScrollBox, PostsTheParentThatItIsToClose) {
+    LinesStage stage;
+    stage.dialog.m_messages.clear();
+    SendMessageW(stage.Host(), WM_CLOSE, 0, 0);
+    EXPECT_TRUE(stage.Hears(WM_CLOSE, 0));
+    EXPECT_EQ(stage.Box().m_result, 0);
+    EXPECT_TRUE(IsWindow(stage.Host()));
+}
+
 TEST(ScrollBox, PostsTheParentTheMenuThatTheUserAsksTheControlFor) {
     RowsStage stage;
     const POINT at{20, 20};
@@ -376,6 +419,14 @@ TEST(ScrollBox, IsPassedOverByTheTabKey) {
     EXPECT_EQ(GetFocus(), stage.Control());
     TypeInDialog(stage.dialog, VK_TAB);
     EXPECT_EQ(GetFocus(), stage.dialog.Item(kBehind));
+}
+
+// A control of several lines takes all keys, and tells its dialog of this one.
+TEST(ScrollBox, LetsTheDialogHearOfEscape) {
+    LinesStage stage;
+    Focus(stage.dialog, stage.Control());
+    TypeInDialog(stage.dialog, VK_ESCAPE);
+    EXPECT_TRUE(stage.Hears(WM_CLOSE, 0));
 }
 
 TEST(ScrollBox, HandsTheKeyboardToTheControl) {

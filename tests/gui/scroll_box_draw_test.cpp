@@ -1,6 +1,14 @@
 // How a scroll box is painted.
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+#include "tests/gui/import_slot.h"
+#include "tests/gui/late_functions_guard.h"
 #include "tests/gui/scroll_box_stage.h"
 #include "toolkit/system.h"
+
+using testing::ElementsAre;
 
 namespace {
 
@@ -191,6 +199,48 @@ TEST_P(ColoredScrollBox, TakesTheColorsOfAnotherTheme) {
     EXPECT_EQ(stage.Look().At(0, 20), TheTheme().m_border);
 }
 
+// --- Fades ---
+
+// Counts the fades that the system is asked for; none comes about.
+class FadeCount {
+public:
+    FadeCount() {
+        s_Asked = 0;
+        TheLateFunctions().bufferedPaintRenderAnimation.Replace(RenderNone);
+        TheLateFunctions().beginBufferedAnimation.Replace(BeginNone);
+    }
+    // Asked for by a box that is painted twice.
+    static int Of(tvScrollBox& box) {
+        box.Redraw(true);
+        s_Asked = 0;
+        box.Redraw(true);
+        return s_Asked;
+    }
+
+private:
+    static BOOL WINAPI RenderNone(HWND, HDC) { return FALSE; }
+    static HANIMATIONBUFFER WINAPI BeginNone(HWND, HDC, const RECT*, BP_BUFFERFORMAT, BP_PAINTPARAMS*,
+                                             BP_ANIMATIONPARAMS*, HDC*, HDC*) {
+        ++s_Asked;
+        return nullptr;
+    }
+    static inline int s_Asked = 0;
+    LateFunctionsGuard m_Guard;
+};
+
+// A thumb that moves would leave traces.
+TEST(ScrollBoxFade, IsThereUnlessTheBarCanBeUsed) {
+    LinesStage stage;
+    const FadeCount fades;
+    EXPECT_EQ(FadeCount::Of(stage.Box()), 0);
+    SetWindowTextW(stage.Control(), L"One line");
+    Settle(stage.dialog.Handle());
+    EXPECT_EQ(FadeCount::Of(stage.Box()), 1) << "there is nothing to scroll";
+    ShowScrollBar(stage.Control(), SB_VERT, FALSE);
+    Settle(stage.dialog.Handle());
+    EXPECT_EQ(FadeCount::Of(stage.Box()), 1) << "there is no bar";
+}
+
 // --- As the system does it ---
 
 class SystemScrollBox : public testing::Test {
@@ -246,6 +296,32 @@ TEST_F(SystemScrollBox, HasClassicArrowsThatAreGrayWhereThereIsNothingToScroll) 
     EXPECT_EQ(m_Stage.Look().At(Across(bar), Down(bar)), kGround) << "there is no thumb";
 }
 
+TEST_F(SystemScrollBox, HasAClassicArrowThatIsPushedWhileItIsHeld) {
+    m_Stage.Box().m_theme.Reset();
+    const auto isDrawn = [this](int part, UINT state) {
+        const Sheet sheet(m_Stage.Host());
+        SendMessageW(m_Stage.Host(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(sheet.canvas.Dc()), PRF_CLIENT);
+        const RECT rect = m_Stage.Part(part);
+        const Canvas expected(Width(rect), Height(rect), kGround);
+        RECT all{0, 0, Width(rect), Height(rect)};
+        DrawFrameControl(expected.Dc(), &all, DFC_SCROLL, state | 0x2000);
+        for (int y = 0; y < Height(rect); ++y)
+            for (int x = 0; x < Width(rect); ++x)
+                if (sheet.At(static_cast<int>(rect.left) + x, static_cast<int>(rect.top) + y) !=
+                    expected.At(x, y))
+                    return false;
+        return true;
+    };
+    m_Stage.Box().m_states[SCROLL_UP] |= STATE_SYSTEM_PRESSED;
+    EXPECT_TRUE(isDrawn(SCROLL_UP, DFCS_SCROLLUP | DFCS_PUSHED));
+    EXPECT_FALSE(isDrawn(SCROLL_UP, DFCS_SCROLLUP));
+    EXPECT_TRUE(isDrawn(SCROLL_DOWN, DFCS_SCROLLDOWN));
+    m_Stage.Box().m_states[SCROLL_UP] = 0;
+    m_Stage.Box().m_states[SCROLL_DOWN] |= STATE_SYSTEM_PRESSED;
+    EXPECT_TRUE(isDrawn(SCROLL_UP, DFCS_SCROLLUP));
+    EXPECT_TRUE(isDrawn(SCROLL_DOWN, DFCS_SCROLLDOWN | DFCS_PUSHED));
+}
+
 TEST_F(SystemScrollBox, HasAnActiveFrameWithTheKeyboard) {
     Focus(m_Stage.dialog, m_Stage.Control());
     EXPECT_EQ(m_Stage.Look().At(0, 20), GetSysColor(COLOR_HOTLIGHT));
@@ -284,6 +360,111 @@ TEST_F(SystemScrollBox, IsDrawnByTheVisualStyle) {
     Settle(m_Stage.dialog.Handle());
     EXPECT_TRUE(isDrawn(SCROLL_UP, 1, 4));
     EXPECT_TRUE(isDrawn(SCROLL_DOWN, 1, 8));
+}
+
+// --- What the visual style is asked for ---
+
+// Notes the parts of a scroll bar that a visual style is to draw, which it does not.
+class StyleCalls {
+public:
+    struct Call {
+        int part;
+        int state;
+        bool operator==(const Call&) const = default;
+        friend void PrintTo(const Call& call, std::ostream* out) {
+            *out << "part " << call.part << " state " << call.state;
+        }
+    };
+
+    // Of a bar as it is painted into a context.
+    static std::vector<Call> Of(HWND host) {
+        const Sheet sheet(host);
+        s_Calls.clear();
+        s_Places.clear();
+        const ImportSlot slot(L"uxtheme.dll", "DrawThemeBackground", reinterpret_cast<ULONG_PTR>(&Note));
+        SendMessageW(host, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(sheet.canvas.Dc()), PRF_CLIENT);
+        return s_Calls;
+    }
+    // Where the part was to be drawn, by the notes of the last bar.
+    static RECT PlaceOf(int part) {
+        for (std::size_t i = 0; i < s_Calls.size(); ++i)
+            if (s_Calls[i].part == part) return s_Places[i];
+        return {};
+    }
+
+private:
+    static HRESULT WINAPI Note(HTHEME, HDC, int part, int state, const RECT* place, const RECT*) {
+        s_Calls.push_back({part, state});
+        s_Places.push_back(*place);
+        return S_OK;
+    }
+    static inline std::vector<Call> s_Calls;
+    static inline std::vector<RECT> s_Places;
+};
+
+class StyledScrollBox : public SystemScrollBox {
+protected:
+    StyledScrollBox() {
+        m_Stage.Box().m_theme.Reset(OpenThemeData(m_Stage.Host(), L"ScrollBar"));
+        EXPECT_TRUE(m_Stage.Box().m_theme);
+    }
+    // With the mouse over this part.
+    std::vector<StyleCalls::Call> Lit(int part) {
+        m_Stage.Box().m_hotPart = part;
+        return StyleCalls::Of(m_Stage.Host());
+    }
+    using Call = StyleCalls::Call;
+};
+
+TEST_F(StyledScrollBox, IsTrackThumbGripAndArrows) {
+    EXPECT_THAT(Lit(SCROLL_NONE),
+                ElementsAre(Call{7, 1}, Call{6, 1}, Call{3, 1}, Call{9, 1}, Call{1, 1}, Call{1, 5}));
+    EXPECT_EQ(StyleCalls::PlaceOf(3), m_Stage.Part(SCROLL_THUMB));
+    EXPECT_EQ(StyleCalls::PlaceOf(9), m_Stage.Part(SCROLL_THUMB));
+    EXPECT_EQ(StyleCalls::PlaceOf(7).top, m_Stage.Part(SCROLL_UP).bottom);
+    EXPECT_EQ(StyleCalls::PlaceOf(7).bottom, StyleCalls::PlaceOf(6).top);
+    EXPECT_EQ(StyleCalls::PlaceOf(6).bottom, m_Stage.Part(SCROLL_DOWN).top);
+    EXPECT_THAT(Lit(SCROLL_HOST),
+                ElementsAre(Call{7, 1}, Call{6, 1}, Call{3, 1}, Call{9, 1}, Call{1, 1}, Call{1, 5}));
+}
+
+TEST_F(StyledScrollBox, IsLitUpWithThePartUnderTheMouse) {
+    EXPECT_THAT(Lit(SCROLL_THUMB),
+                ElementsAre(Call{7, 1}, Call{6, 1}, Call{3, 2}, Call{9, 2}, Call{1, 17}, Call{1, 18}));
+    EXPECT_THAT(Lit(SCROLL_PAGE_UP),
+                ElementsAre(Call{7, 2}, Call{6, 1}, Call{3, 5}, Call{9, 5}, Call{1, 17}, Call{1, 18}));
+    EXPECT_THAT(Lit(SCROLL_PAGE_DOWN),
+                ElementsAre(Call{7, 1}, Call{6, 2}, Call{3, 5}, Call{9, 5}, Call{1, 17}, Call{1, 18}));
+    EXPECT_THAT(Lit(SCROLL_UP),
+                ElementsAre(Call{7, 1}, Call{6, 1}, Call{3, 5}, Call{9, 5}, Call{1, 2}, Call{1, 18}));
+    EXPECT_THAT(Lit(SCROLL_DOWN),
+                ElementsAre(Call{7, 1}, Call{6, 1}, Call{3, 5}, Call{9, 5}, Call{1, 17}, Call{1, 6}));
+}
+
+TEST_F(StyledScrollBox, ShowsAnArrowThatIsHeld) {
+    m_Stage.Box().m_states[SCROLL_UP] |= STATE_SYSTEM_PRESSED;
+    EXPECT_EQ(Lit(SCROLL_UP)[4], (Call{1, 3}));
+    m_Stage.Box().m_states[SCROLL_UP] = 0;
+    m_Stage.Box().m_states[SCROLL_DOWN] |= STATE_SYSTEM_PRESSED;
+    EXPECT_EQ(Lit(SCROLL_DOWN)[5], (Call{1, 7}));
+}
+
+TEST_F(StyledScrollBox, ShowsAThumbThatIsHeldWhereTheMouseHasIt) {
+    const RECT thumb = m_Stage.Part(SCROLL_THUMB);
+    MoveMouse(m_Stage.Host(), Across(thumb), Down(thumb));
+    Press();
+    MoveMouse(m_Stage.Host(), Across(thumb), Down(thumb) + 1);
+    EXPECT_TRUE(PumpUntil([&] { return m_Stage.Box().m_drag.thumb.top == thumb.top + 1; }));
+    EXPECT_THAT(StyleCalls::Of(m_Stage.Host()),
+                ElementsAre(Call{7, 1}, Call{6, 1}, Call{3, 3}, Call{9, 3}, Call{1, 17}, Call{1, 18}));
+    EXPECT_EQ(StyleCalls::PlaceOf(3).top, thumb.top + 1);
+    Release();
+}
+
+TEST_F(StyledScrollBox, IsGrayAndHasNoThumbWhereThereIsNothingToScroll) {
+    SetWindowTextW(m_Stage.Control(), L"One line");
+    Settle(m_Stage.dialog.Handle());
+    EXPECT_THAT(Lit(SCROLL_NONE), ElementsAre(Call{7, 4}, Call{6, 4}, Call{1, 4}, Call{1, 8}));
 }
 
 }  // namespace
