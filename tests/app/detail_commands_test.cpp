@@ -1,6 +1,7 @@
 // The commands of the detail pane on the field under the mouse: modify, copy, launch.
 #include "database/clipboard.h"
 #include "tests/app/detail_stage.h"
+#include "tests/app/other_language.h"
 #include "tests/app/shell_calls.h"
 #include "windows/pass_gen_dlg.h"
 
@@ -61,6 +62,15 @@ TEST_F(DetailCommands, RenamesTheItem) {
     EXPECT_TRUE(TheDatabase().m_Changed);
     EXPECT_EQ(TheDatabase().m_Undo.Count(), 1U);
     ExpectDrawn(Field(kName).m_textRect, u"Shop", LargeFont(), TextColor());
+}
+
+TEST_F(DetailCommands, HaveAPlainTitleForANewName) {
+    const OtherLanguage language(u"[itemdetail]\r\nrename_title = &Baptise...\tF2\r\n");
+    OpenPane();
+    OtherLanguage::Choose();
+    NotesOf(CMD_DETAIL_MODIFY, kName,
+            {InInput([](const CVMRInputDlg& dialog) { EXPECT_EQ(TextOf(dialog.Handle()), u"Baptise"); },
+                     IDCANCEL)});
 }
 
 TEST_F(DetailCommands, TakesNoEmptyName) {
@@ -260,6 +270,13 @@ TEST_F(DetailCommands, CopyOtherFieldsWithoutAWord) {
     EXPECT_EQ(ClipboardText(), u"somebody");
     EXPECT_EQ(NotesOf(CMD_DETAIL_COPY, kProgram), Notes{});
     EXPECT_EQ(ClipboardText(), u"https://bank.example/");
+}
+
+// No button and no menu offers it, but the command is there.
+TEST_F(DetailCommands, CopyTheNameWithoutAWord) {
+    OpenPane();
+    EXPECT_EQ(NotesOf(CMD_DETAIL_COPY, kName), Notes{});
+    EXPECT_EQ(ClipboardText(), u"Bank");
 }
 
 TEST_F(DetailCommands, LeaveTheClipboardForAnEmptyField) {

@@ -255,6 +255,91 @@ TEST_F(DetailList, SelectsNothingForAnEntryThatHasNoRow) {
     EXPECT_EQ(List().GetSelCount(), 0);
 }
 
+// The order and the search of the item list are none of the entries'.
+TEST_F(DetailList, MovesItsEntriesWhateverTheOrderOfTheItems) {
+    AddEntries(3);
+    OpenPane();
+    CVMRLeftDlg& items = Main().m_leftDlg;
+    items.m_sortCombo.Send(CB_SETCURSEL, SortNewOld);
+    items.Send(WM_COMMAND, MAKEWPARAM(2003, CBN_SELCHANGE));
+    SetWindowTextW(items.m_filterEdit.Handle(), L"Bank");
+    PumpQueue();
+    Show(&Item());
+    Select({0});
+    Told().Take();
+    SetFocus(List().Handle());
+    Type(VK_DOWN, HOLD_CTRL);
+    EXPECT_TRUE(PumpUntil([this] { return Rows() == Texts{"Entry 2", "Entry 1", "Entry 3"}; }));
+    Click(Pane().m_downBtn.Handle());
+    EXPECT_TRUE(PumpUntil([this] { return Rows() == Texts{"Entry 2", "Entry 3", "Entry 1"}; }));
+    for (const std::string& note : Told().Take())
+        EXPECT_EQ(note.find("error"), std::string::npos) << note;
+}
+
+TEST_F(DetailList, HandsTheKeyboardOfAButtonThatIsDisabledToTheList) {
+    AddEntries(3);
+    OpenPane();
+    Select({1});
+    SetFocus(Pane().m_removeBtn.Handle());
+    Type(VK_SPACE);
+    EXPECT_TRUE(PumpUntil([this] { return Rows().size() == 2 && Enabled() == "10000"; }));
+    EXPECT_EQ(GetFocus(), List().Handle());
+    for (const CVMRBaseButton* button : {&Pane().m_modifyBtn, &Pane().m_upBtn, &Pane().m_downBtn}) {
+        Select({0});
+        SetFocus(button->Handle());
+        Select({0, 1});
+        EXPECT_EQ(GetFocus(), List().Handle()) << Letters(TextOf(button->Handle()));
+    }
+    SetFocus(Pane().m_addBtn.Handle());
+    Select({});
+    EXPECT_EQ(GetFocus(), Pane().m_addBtn.Handle());
+}
+
+// Nor does it stay with a list or a button that nobody sees.
+TEST_F(DetailList, HandsTheKeyboardOnWhenItGoesWithItsItem) {
+    AddEntries(2);
+    for (const char16_t* theme : {u"Dark", u"System Default"}) {
+        UseTheme(theme);
+        OpenPane();
+        for (const HWND window : {List().Handle(), Pane().m_removeBtn.Handle()}) {
+            Show(&Item());
+            Select({0});
+            SetFocus(window);
+            ASSERT_EQ(GetFocus(), window);
+            Show(nullptr);
+            EXPECT_TRUE(PumpUntil([] {
+                return GetFocus() != nullptr && IsWindowVisible(GetFocus()) != FALSE;
+            })) << Letters(theme);
+            EXPECT_NE(GetFocus(), PaneWindow());
+        }
+        Close();
+    }
+}
+
+TEST_F(DetailList, PastesBeforeTheFirstThatIsSelectedAndShowsTheNewDate) {
+    AddEntries(3);
+    OpenPane();
+    Select({0, 1});
+    Send(CMD_COPY);
+    Select({1, 2});
+    Item().m_Date = 1;
+    Show(&Item());
+    Select({1, 2});
+    const Picture before = Look();
+    SetFocus(Pane().m_addBtn.Handle());
+    Told().Take();
+    Send(CMD_PASTE);
+    EXPECT_EQ(Rows(), (Texts{"Entry 1", "Entry 1", "Entry 2", "Entry 2", "Entry 3"}));
+    EXPECT_EQ(List().GetSelCount(), 2);
+    EXPECT_GT(List().GetSel(1), 0);
+    EXPECT_GT(List().GetSel(2), 0);
+    EXPECT_EQ(GetFocus(), List().Handle());
+    EXPECT_EQ(Told().Take(), (Notes{"TOPBAR", "STATUS repaint"}));
+    const RECT name = Field(kName).m_hitRect;
+    const RECT date{name.left, Field(kName).m_textRect.bottom, name.right, name.bottom};
+    EXPECT_FALSE(Look().Part(date) == before.Part(date));
+}
+
 // --- Adding and modifying ---
 
 TEST_F(DetailList, AddsAnEntryOfSeveralLines) {
@@ -308,6 +393,21 @@ TEST_F(DetailList, ModifiesTheEntryThatIsSelected) {
     EXPECT_TRUE(PumpUntil([this] { return Rows() == Texts{"Entry 1", "A\r\nB", "Entry 3"}; }));
     EXPECT_TRUE(PumpUntil([this] { return GetFocus() == List().Handle(); }));
     EXPECT_EQ(Told().Take(), (Notes{"STATUS repaint", "TOPBAR", "ITEMCHANGED 1"}));
+}
+
+TEST_F(DetailList, ModifiesAnEntryWithAllItsLines) {
+    AddEntryCopy(Item(), VMRD_Entry(kAddition, u"One\r\n\r\nThree"), nullptr);
+    OpenPane();
+    Select({0});
+    const DuringModal steps({InInput(
+        [](const CVMRInputDlg& dialog) {
+            EXPECT_EQ(TextOf(dialog.m_edit1.Handle()), u"One\r\n\r\nThree");
+            EXPECT_EQ(dialog.m_edit1.Send(EM_GETLINECOUNT), 3);
+        },
+        IDOK)});
+    Send(CMD_RENAME);
+    EXPECT_TRUE(steps.Done());
+    EXPECT_EQ(Rows(), Texts{"One\r\n\r\nThree"});
 }
 
 TEST_F(DetailList, PaintsTheRowOfAModifiedEntryAnew) {

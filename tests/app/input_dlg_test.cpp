@@ -181,12 +181,12 @@ void ExpectCaretAtEnd(HWND edit) {
 
 // For the dialog's own loop. Whether the system still takes the key for pressed afterwards is not looked at:
 // a window that comes to the front has it forget that.
-void QueueTab() {
+void QueueKey(WORD key) {
     INPUT inputs[2] = {};
     for (INPUT& input : inputs) {
         input.type = INPUT_KEYBOARD;
-        input.ki.wVk = VK_TAB;
-        input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(VK_TAB, MAPVK_VK_TO_VSC));
+        input.ki.wVk = key;
+        input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
     }
     inputs[1].ki.dwFlags = KEYEVENTF_KEYUP;
     EXPECT_EQ(SendInput(2, inputs, sizeof inputs[0]), 2U);
@@ -205,14 +205,14 @@ TEST_F(InputDialog, OfManyLinesDoesNotSelectAllWhenItIsReachedByTab) {
     HWND left = nullptr;  // by the last key
     const Step away = [&left] {
         left = GetFocus();
-        QueueTab();
+        QueueKey(VK_TAB);
         return true;
     };
     const Step round = [this, &left] {  // by way of the buttons
         if (GetFocus() == left) return false;
         if (GetFocus() == Item(kEdit1)) return true;
         left = GetFocus();
-        QueueTab();
+        QueueKey(VK_TAB);
         return false;
     };
     const Step look = [this] {
@@ -220,6 +220,45 @@ TEST_F(InputDialog, OfManyLinesDoesNotSelectAllWhenItIsReachedByTab) {
         return true;
     };
     Run({away, round, look, PressButton(IDCANCEL)});
+}
+
+// --- Keys ---
+
+class KeysOfManyLines : public InputDialog, public testing::WithParamInterface<const char16_t*> {
+protected:
+    KeysOfManyLines() {
+        UseTheme(GetParam(), Window());
+        BeMultiLine();
+        m_Dialog->m_Text = u"one";
+    }
+    [[nodiscard]] Step Queueing(WORD key) const {
+        return [key] {
+            QueueKey(key);
+            return true;
+        };
+    }
+};
+// With and without a scroll box around the text.
+INSTANTIATE_TEST_SUITE_P(Themes, KeysOfManyLines, testing::Values(u"Dark", u"System Default"),
+                         [](const auto& theme) {
+                             return std::u16string_view(theme.param) == u"Dark" ? "Dark" : "SystemDefault";
+                         });
+
+TEST_P(KeysOfManyLines, EscapeClosesTheDialogWithoutText) {
+    EXPECT_EQ(Run({Queueing(VK_ESCAPE)}), IDCANCEL);
+    EXPECT_EQ(m_Dialog->m_Text, u"");
+}
+
+TEST_P(KeysOfManyLines, EnterBeginsANewLine) {
+    const Step end = [this] { return GetWindowTextLengthW(Item(kEdit1)) > 3; };
+    EXPECT_EQ(Run({Queueing(VK_RETURN), end, PressButton(IDOK)}), IDOK);
+    EXPECT_EQ(m_Dialog->m_Text, u"one\r\n");
+}
+
+TEST_P(KeysOfManyLines, TabGoesOnToTheButtons) {
+    const Step onButton = [this] { return GetFocus() == Item(IDOK); };
+    EXPECT_EQ(Run({Queueing(VK_TAB), onButton, Queueing(VK_RETURN)}), IDOK);
+    EXPECT_EQ(m_Dialog->m_Text, u"one");
 }
 
 // --- The third button ---

@@ -226,6 +226,19 @@ TEST_F(ItemListMenu, TheMenuKeyOpensItAboveTheButton) {
         [this] { Pane().Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(ListWindow()), -1); });
 }
 
+// From the list, through the box around it.
+TEST_F(ItemListMenu, TheKeyForMenusInTheListOpensItAboveTheButton) {
+    OpenWith({u"a", u"b"});
+    RECT button{};
+    GetWindowRect(Pane().m_menuBtn.Handle(), &button);
+    WithItemMenu(
+        [&](const RECT& place) {
+            EXPECT_EQ(place.left, button.left);
+            EXPECT_EQ(place.bottom, button.top);
+        },
+        [this] { List().Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(ListWindow()), -1); });
+}
+
 TEST_F(ItemListMenu, TheButtonOpensItAboveItself) {
     OpenWith({u"a", u"b"});
     RECT button{};
