@@ -2,33 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "tests/unit/database/hex.h"
-#include "tests/unit/database/wiping.h"
+#include "tests/unit/database/digest_of.h"
 
 namespace {
 
-std::string Digest(HashMD5& hash) {
-    std::array<u8, HashMD5::kDigestSize> digest{};
-    hash.Final(digest.data());
-    return ToHex(digest);
-}
-
-std::string DigestOf(std::string_view message) {
-    HashMD5 hash;
-    hash.Update(message.data(), message.size());
-    return Digest(hash);
-}
-
-std::string DigestOf(const std::vector<u8>& message) {
-    HashMD5 hash;
-    hash.Update(message.data(), message.size());
-    return Digest(hash);
+std::string DigestOf(const auto& message) {
+    return ::DigestOf<HashMD5>(message);
 }
 
 TEST(HashMD5, GivesThePublishedDigests) {
@@ -58,71 +41,6 @@ TEST(HashMD5, PadsMessagesAroundWholeBlocks) {
     EXPECT_EQ(DigestOf(CountingBytes(119)), "1c772251899a7ff007400b888d6b2042");
     EXPECT_EQ(DigestOf(CountingBytes(120)), "b7ba1efc6022e9ed272f00b8831e26e6");
     EXPECT_EQ(DigestOf(CountingBytes(128)), "37eff01866ba3f538421b30b7cbefcac");
-}
-
-TEST(HashMD5, GivesTheSameDigestForEverySplitInTwo) {
-    const std::vector<u8> message = CountingBytes(200);
-    const std::string whole = DigestOf(message);
-    for (std::size_t first = 0; first <= message.size(); ++first) {
-        HashMD5 hash;
-        hash.Update(message.data(), first);
-        hash.Update(message.data() + first, message.size() - first);
-        EXPECT_EQ(Digest(hash), whole) << first;
-    }
-}
-
-TEST(HashMD5, GivesTheSameDigestForPiecesOfAnySize) {
-    const std::vector<u8> message = CountingBytes(500);
-    const std::string whole = DigestOf(message);
-    for (std::size_t piece = 1; piece <= 150; ++piece) {
-        HashMD5 hash;
-        for (std::size_t position = 0; position < message.size(); position += piece)
-            hash.Update(message.data() + position, std::min(piece, message.size() - position));
-        EXPECT_EQ(Digest(hash), whole) << piece;
-    }
-}
-
-TEST(HashMD5, TakesNullWithSizeZero) {
-    HashMD5 hash;
-    hash.Update("a", 1);
-    hash.Update(nullptr, 0);
-    hash.Update("bc", 2);
-    EXPECT_EQ(Digest(hash), DigestOf("abc"));
-}
-
-TEST(HashMD5, IsUsableAgainAfterInit) {
-    HashMD5 hash;
-    hash.Update("forgotten", 9);
-    hash.Init();
-    hash.Update("abc", 3);
-    EXPECT_EQ(Digest(hash), DigestOf("abc"));
-    hash.Init();
-    EXPECT_EQ(Digest(hash), DigestOf(""));
-}
-
-TEST(HashMD5, WritesNothingBehindTheDigest) {
-    std::array<u8, HashMD5::kDigestSize + 1> digest{};
-    digest.back() = 0x5A;
-    HashMD5().Final(digest.data());
-    EXPECT_EQ(digest.back(), 0x5A);
-}
-
-TEST(HashMD5, IsWipedByItsDestructor) {
-    ObservedPlace<HashMD5> place;
-    HashMD5* hash = place.Construct();
-    hash->Update("secret", 6);
-    EXPECT_FALSE(place.AllZero());
-    hash->~HashMD5();
-    EXPECT_TRUE(place.AllZero());
-}
-
-TEST(HashMD5, IsWipedByFinal) {
-    ObservedPlace<HashMD5> place;
-    HashMD5* hash = place.Construct();
-    hash->Update("secret", 6);
-    EXPECT_EQ(Digest(*hash), DigestOf("secret"));
-    EXPECT_TRUE(place.AllZero());
-    hash->~HashMD5();
 }
 
 }  // namespace

@@ -2,33 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "tests/unit/database/hex.h"
-#include "tests/unit/database/wiping.h"
+#include "tests/unit/database/digest_of.h"
 
 namespace {
 
-std::string Digest(HashSHA3& hash) {
-    std::array<u8, HashSHA3::kDigestSize> digest{};
-    hash.Final(digest.data());
-    return ToHex(digest);
-}
-
-std::string DigestOf(std::string_view message) {
-    HashSHA3 hash;
-    hash.Update(message.data(), message.size());
-    return Digest(hash);
-}
-
-std::string DigestOf(const std::vector<u8>& message) {
-    HashSHA3 hash;
-    hash.Update(message.data(), message.size());
-    return Digest(hash);
+std::string DigestOf(const auto& message) {
+    return ::DigestOf<HashSHA3>(message);
 }
 
 std::string DigestOfText(const tvstring& text) {
@@ -64,36 +47,6 @@ TEST(HashSHA3, PadsMessagesAroundWholeBlocks) {
               "4827800416bd25b01f53360454943ef688112eaee40422929a59af596a2c0be7");
 }
 
-TEST(HashSHA3, GivesTheSameDigestForEverySplitInTwo) {
-    const std::vector<u8> message = CountingBytes(300);
-    const std::string whole = DigestOf(message);
-    for (std::size_t first = 0; first <= message.size(); ++first) {
-        HashSHA3 hash;
-        hash.Update(message.data(), first);
-        hash.Update(message.data() + first, message.size() - first);
-        EXPECT_EQ(Digest(hash), whole) << first;
-    }
-}
-
-TEST(HashSHA3, GivesTheSameDigestForPiecesOfAnySize) {
-    const std::vector<u8> message = CountingBytes(1000);
-    const std::string whole = DigestOf(message);
-    for (std::size_t piece = 1; piece <= 300; ++piece) {
-        HashSHA3 hash;
-        for (std::size_t position = 0; position < message.size(); position += piece)
-            hash.Update(message.data() + position, std::min(piece, message.size() - position));
-        EXPECT_EQ(Digest(hash), whole) << piece;
-    }
-}
-
-TEST(HashSHA3, TakesNullWithSizeZero) {
-    HashSHA3 hash;
-    hash.Update("a", 1);
-    hash.Update(nullptr, 0);
-    hash.Update("bc", 2);
-    EXPECT_EQ(Digest(hash), DigestOf("abc"));
-}
-
 TEST(HashSHA3, HashesTheUtf8FormOfATextWithoutATerminator) {
     EXPECT_EQ(DigestOfText(u"abc"), DigestOf("abc"));
     EXPECT_EQ(DigestOfText(u"P\u00E4ssw\u00F6rd\u20AC\U0001F511"),
@@ -115,41 +68,6 @@ TEST(HashSHA3, JoinsTextAndBytes) {
     hash.Update("b", 1);
     hash.UpdateText(u"c");
     EXPECT_EQ(Digest(hash), DigestOf("abc"));
-}
-
-TEST(HashSHA3, IsUsableAgainAfterInit) {
-    HashSHA3 hash;
-    hash.Update("forgotten", 9);
-    hash.Init();
-    hash.Update("abc", 3);
-    EXPECT_EQ(Digest(hash), DigestOf("abc"));
-    hash.Init();
-    EXPECT_EQ(Digest(hash), DigestOf(""));
-}
-
-TEST(HashSHA3, WritesNothingBehindTheDigest) {
-    std::array<u8, HashSHA3::kDigestSize + 1> digest{};
-    digest.back() = 0x5A;
-    HashSHA3().Final(digest.data());
-    EXPECT_EQ(digest.back(), 0x5A);
-}
-
-TEST(HashSHA3, IsWipedByItsDestructor) {
-    ObservedPlace<HashSHA3> place;
-    HashSHA3* hash = place.Construct();
-    hash->Update("secret", 6);
-    EXPECT_FALSE(place.AllZero());
-    hash->~HashSHA3();
-    EXPECT_TRUE(place.AllZero());
-}
-
-TEST(HashSHA3, IsWipedByFinal) {
-    ObservedPlace<HashSHA3> place;
-    HashSHA3* hash = place.Construct();
-    hash->Update("secret", 6);
-    EXPECT_EQ(Digest(*hash), DigestOf("secret"));
-    EXPECT_TRUE(place.AllZero());
-    hash->~HashSHA3();
 }
 
 }  // namespace
