@@ -3,6 +3,7 @@
 
 #include "cli/commands.h"
 #include "cli/failure.h"
+#include "cli/findings.h"
 #include "cli/invocation.h"
 #include "cli/item_json.h"
 #include "cli/readable_file.h"
@@ -16,13 +17,7 @@ namespace {
 
 using Kind = LanguageFinding::Kind;
 
-struct KindInfo {
-    Kind kind;
-    std::string_view name;  // in JSON
-    std::string_view text;
-};
-
-constexpr KindInfo kKinds[] = {
+constexpr FindingName<Kind> kKinds[] = {
     {Kind::BadLine, "bad-line", "the line is dropped"},
     {Kind::DuplicateKey, "duplicate-key", "overwrites the value"},
     {Kind::UnknownSection, "unknown-section", "unknown section"},
@@ -30,13 +25,6 @@ constexpr KindInfo kKinds[] = {
     {Kind::UnresolvedReference, "unresolved-reference", "resolves to nothing"},
     {Kind::MissingKey, "missing-key", "missing key"},
 };
-
-const KindInfo& InfoOf(Kind kind) {
-    for (const KindInfo& info : kKinds) {
-        if (info.kind == kind) return info;
-    }
-    return kKinds[0];
-}
 
 // The file laid over the built-in texts.
 void LoadTable(const std::string& path, tvmlang& table) {
@@ -49,48 +37,18 @@ void LoadTable(const std::string& path, tvmlang& table) {
     }
 }
 
-void WriteFindingJson(JsonWriter& json, const LanguageFinding& finding) {
-    json.OpenObject().Key("line").Number(finding.line);
-    json.Key("kind").Ascii(InfoOf(finding.kind).name);
-    json.Key("section").Text(finding.section).Key("key").Text(finding.key);
-    json.Key("detail").Text(finding.detail).CloseObject();
-}
-
-// "de.ini:12: [file] open: resolves to nothing: %nosuch"
-std::string FindingLine(const std::string& path, const LanguageFinding& finding) {
-    std::string line = path;
-    line.append(":");
-    if (finding.line != 0) line.append(std::to_string(finding.line)).append(":");
-    if (!finding.section.empty()) line.append(" [").append(ForMessage(finding.section)).append("]");
-    if (!finding.key.empty()) line.append(" ").append(ForMessage(finding.key));
-    if (!finding.section.empty() || !finding.key.empty()) line.append(":");
-    line.append(" ").append(InfoOf(finding.kind).text);
-    if (!finding.detail.empty()) line.append(": ").append(ForMessage(finding.detail));
-    return line.append("\n");
-}
-
 }  // namespace
 
 ExitCode RunLangCheck(const Invocation& invocation) {
     const std::string& path = invocation.Argument(0);
     RequireReadable(path);
     const auto findings = CheckLanguage(ReadTextFile(PathArgument(path)), CVMRMLang::DefaultText());
-    OutputSink out;
-    if (invocation.Has(Option::Json)) {
-        JsonWriter json(out);
-        json.OpenObject();
-        WriteVersion(json);
-        json.Key("findings").OpenArray();
-        for (const LanguageFinding& finding : findings)
-            WriteFindingJson(json, finding);
-        json.CloseArray().CloseObject();
-        out.Byte('\n');
-    } else {
-        for (const LanguageFinding& finding : findings)
-            out.Bytes(FindingLine(path, finding));
+    std::vector<PrintedFinding> printed;
+    for (const LanguageFinding& finding : findings) {
+        const auto& name = NameOf(kKinds, finding.kind);
+        printed.push_back({finding.line, name.name, name.text, finding.section, finding.key, finding.detail});
     }
-    out.Finish();
-    return findings.empty() ? ExitCode::Done : ExitCode::CheckFound;
+    return PrintFindings(invocation, path, printed);
 }
 
 ExitCode RunLangDump(const Invocation& invocation) {

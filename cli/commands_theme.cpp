@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 #include "cli/failure.h"
+#include "cli/findings.h"
 #include "cli/invocation.h"
 #include "cli/item_json.h"
 #include "cli/readable_file.h"
@@ -12,13 +13,7 @@ namespace {
 
 using Kind = ThemeFinding::Kind;
 
-struct KindInfo {
-    Kind kind;
-    std::string_view name;  // in JSON
-    std::string_view text;
-};
-
-constexpr KindInfo kKinds[] = {
+constexpr FindingName<Kind> kKinds[] = {
     {Kind::WrongVersion, "wrong-version", "is not TVTHEME_1_0"},
     {Kind::BadColor, "bad-color", "is no colour"},
     {Kind::UnknownRole, "unknown-role", "names no role"},
@@ -29,30 +24,6 @@ constexpr KindInfo kKinds[] = {
     {Kind::UnknownKey, "unknown-key", "unknown key"},
     {Kind::DuplicateKey, "duplicate-key", "overwrites the value"},
 };
-
-const KindInfo& InfoOf(Kind kind) {
-    for (const KindInfo& info : kKinds) {
-        if (info.kind == kind) return info;
-    }
-    return kKinds[0];
-}
-
-void WriteFindingJson(JsonWriter& json, const ThemeFinding& finding) {
-    json.OpenObject().Key("line").Number(finding.line);
-    json.Key("kind").Ascii(InfoOf(finding.kind).name);
-    json.Key("key").Text(finding.key).Key("detail").Text(finding.detail).CloseObject();
-}
-
-// "mine.ini:12: button: is no colour: #12345"
-std::string FindingLine(const std::string& path, const ThemeFinding& finding) {
-    std::string line = path;
-    line.append(":");
-    if (finding.line != 0) line.append(std::to_string(finding.line)).append(":");
-    if (!finding.key.empty()) line.append(" ").append(ForMessage(finding.key)).append(":");
-    line.append(" ").append(InfoOf(finding.kind).text);
-    if (!finding.detail.empty()) line.append(": ").append(ForMessage(finding.detail));
-    return line.append("\n");
-}
 
 // "#rrggbb"
 std::string ColorText(u32 color) {
@@ -90,22 +61,12 @@ ExitCode RunThemeCheck(const Invocation& invocation) {
     const std::string& path = invocation.Argument(0);
     RequireReadable(path);
     const auto findings = CheckTheme(ReadTextFile(PathArgument(path)));
-    OutputSink out;
-    if (invocation.Has(Option::Json)) {
-        JsonWriter json(out);
-        json.OpenObject();
-        WriteVersion(json);
-        json.Key("findings").OpenArray();
-        for (const ThemeFinding& finding : findings)
-            WriteFindingJson(json, finding);
-        json.CloseArray().CloseObject();
-        out.Byte('\n');
-    } else {
-        for (const ThemeFinding& finding : findings)
-            out.Bytes(FindingLine(path, finding));
+    std::vector<PrintedFinding> printed;
+    for (const ThemeFinding& finding : findings) {
+        const auto& name = NameOf(kKinds, finding.kind);
+        printed.push_back({finding.line, name.name, name.text, std::nullopt, finding.key, finding.detail});
     }
-    out.Finish();
-    return findings.empty() ? ExitCode::Done : ExitCode::CheckFound;
+    return PrintFindings(invocation, path, printed);
 }
 
 ExitCode RunThemeShow(const Invocation& invocation) {
