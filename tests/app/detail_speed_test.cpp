@@ -2,6 +2,7 @@
 // needed, for machines that are busy; the figures themselves are printed.
 #include "tests/app/detail_stage.h"
 #include "tests/gui/growth.h"
+#include "tests/gui/timing.h"
 
 namespace {
 
@@ -18,24 +19,16 @@ protected:
         AddEntries(kEntries);
     }
 
-    // Milliseconds of the clock.
-    static double Now() {
-        LARGE_INTEGER frequency{};
-        LARGE_INTEGER ticks{};
-        QueryPerformanceFrequency(&frequency);
-        QueryPerformanceCounter(&ticks);
-        return static_cast<double>(ticks.QuadPart) * 1000 / static_cast<double>(frequency.QuadPart);
-    }
     // The time until an item is shown and all of the pane painted; the middle one of many.
     [[nodiscard]] double TimeOfShowing() const {
         constexpr int kTimes = 31;
         std::vector<double> times;
         for (int i = 0; i < kTimes; ++i) {
             VMRD_Element* item = i % 2 == 0 ? Item().m_Next : &Item();
-            const double start = Now();
+            const double start = ClockTime();
             Main().OnAppNotify(APPN_SHOWITEM, AsArgument(item), 0, 0);
             RedrawWindow(PaneWindow(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-            times.push_back(Now() - start);
+            times.push_back(ClockTime() - start);
             PumpQueue();
         }
         std::sort(times.begin(), times.end());

@@ -1,6 +1,7 @@
 // How long the item list takes with many items. The limits are far above what is needed, and far below what
 // it takes when each row is walked to.
 #include "tests/app/item_stage.h"
+#include "tests/gui/timing.h"
 
 namespace {
 
@@ -22,38 +23,13 @@ protected:
         OpenWindow();
     }
 
-    // Milliseconds, of the clock and of this thread's processor time.
-    static double Now() {
-        LARGE_INTEGER frequency{};
-        LARGE_INTEGER ticks{};
-        QueryPerformanceFrequency(&frequency);
-        QueryPerformanceCounter(&ticks);
-        return static_cast<double>(ticks.QuadPart) * 1000 / static_cast<double>(frequency.QuadPart);
-    }
-    static double OwnTime() {
-        FILETIME unused{};
-        FILETIME kernel{};
-        FILETIME user{};
-        GetThreadTimes(GetCurrentThread(), &unused, &unused, &kernel, &user);
-        const auto ticks = [](const FILETIME& time) {
-            return (static_cast<u64>(time.dwHighDateTime) << 32) + time.dwLowDateTime;
-        };
-        return static_cast<double>(ticks(kernel) + ticks(user)) / 10000;
-    }
-
     // The thread's own time until the list is painted, whatever else the machine does.
     double Time(const char* what, const std::function<void()>& work) const {
         Settle(Window());
-        const double startsAt = Now();
-        const double startsWith = OwnTime();
-        work();
-        UpdateWindow(ListWindow());
-        const double milliseconds = Now() - startsAt;
-        const double own = OwnTime() - startsWith;
-        RecordProperty(what, std::to_string(milliseconds));
-        std::printf("%d items, %s: %.1f ms, of the thread %.0f ms\n", TheDatabase().m_Count, what,
-                    milliseconds, own);
-        return own;
+        return TimeOf(std::to_string(TheDatabase().m_Count).append(" items, ").append(what), [&] {
+            work();
+            UpdateWindow(ListWindow());
+        });
     }
 
     void Type(const char16_t* text) const { SetWindowTextW(Pane().m_filterEdit.Handle(), Wide(text)); }

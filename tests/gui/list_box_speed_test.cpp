@@ -1,6 +1,7 @@
 // How long a list box takes with many rows. The limits are far above what is needed, and far below what it
 // takes when each row is walked to.
 #include "tests/gui/list_box_harness.h"
+#include "tests/gui/timing.h"
 
 namespace {
 
@@ -22,27 +23,6 @@ protected:
         m_Large.Open();
     }
 
-    // Milliseconds of this thread's processor time, whatever else the machine does.
-    template <typename Work>
-    static double Time(const char* what, Work work) {
-        const auto now = [] {
-            FILETIME unused{};
-            FILETIME kernel{};
-            FILETIME user{};
-            GetThreadTimes(GetCurrentThread(), &unused, &unused, &kernel, &user);
-            const auto ticks = [](const FILETIME& time) {
-                return (static_cast<u64>(time.dwHighDateTime) << 32) + time.dwLowDateTime;
-            };
-            return static_cast<double>(ticks(kernel) + ticks(user)) / 10000;
-        };
-        const double start = now();
-        work();
-        const double milliseconds = now() - start;
-        RecordProperty(what, std::to_string(milliseconds));
-        std::printf("%s: %.0f ms\n", what, milliseconds);
-        return milliseconds;
-    }
-
     static void Fill(tvMListBox& list, const tvstring& text) {
         const tvMListBox::Bulk bulk(list);
         for (int i = 0; i < kMany; ++i)
@@ -54,25 +34,25 @@ protected:
 };
 
 TEST_F(ListSpeed, RowsWithoutTexts) {
-    EXPECT_LT(Time("fill", [&] { Fill(m_Flat, u""); }), kLimit);
+    EXPECT_LT(TimeOf("fill", [&] { Fill(m_Flat, u""); }), kLimit);
     EXPECT_EQ(m_Flat.GetCount(), kMany);
-    EXPECT_LT(Time("select all", [&] { m_Flat.SelectAll(); }), kLimit);
+    EXPECT_LT(TimeOf("select all", [&] { m_Flat.SelectAll(); }), kLimit);
     EXPECT_EQ(m_Flat.GetSelCount(), kMany);
-    EXPECT_LT(Time("invert", [&] { m_Flat.InvertSelection(); }), kLimit);
+    EXPECT_LT(TimeOf("invert", [&] { m_Flat.InvertSelection(); }), kLimit);
     EXPECT_EQ(m_Flat.GetSelCount(), 0);
     const auto selectEach = [&] {
         const tvMListBox::Bulk bulk(m_Flat);
         for (int row = 0; row < kMany; ++row)
             m_Flat.SetSel(row, true);
     };
-    EXPECT_LT(Time("select each", selectEach), kLimit);
+    EXPECT_LT(TimeOf("select each", selectEach), kLimit);
     EXPECT_EQ(m_Flat.GetSelCount(), kMany);
-    EXPECT_LT(Time("delete", [&] { m_Flat.DeleteAll(); }), kLimit);
+    EXPECT_LT(TimeOf("delete", [&] { m_Flat.DeleteAll(); }), kLimit);
 }
 
 TEST_F(ListSpeed, RowsWithTextsAndNotes) {
-    EXPECT_LT(Time("fill", [&] { Fill(m_List, u"A text as names have it\tA note"); }), kLimit);
-    EXPECT_LT(Time("find all", [&] { m_List.FindItem(u"names", FIND_ALL, false); }), kLimit);
+    EXPECT_LT(TimeOf("fill", [&] { Fill(m_List, u"A text as names have it\tA note"); }), kLimit);
+    EXPECT_LT(TimeOf("find all", [&] { m_List.FindItem(u"names", FIND_ALL, false); }), kLimit);
     EXPECT_EQ(m_List.GetSelCount(), kMany);
     const auto paint = [&] {
         for (int row = 0; row < kMany; row += kMany / 50) {
@@ -80,11 +60,11 @@ TEST_F(ListSpeed, RowsWithTextsAndNotes) {
             Settle(Window());
         }
     };
-    EXPECT_LT(Time("50 pictures", paint), kLimit);
+    EXPECT_LT(TimeOf("50 pictures", paint), kLimit);
     const auto setFont = [&] {
         m_List.Send(WM_SETFONT, reinterpret_cast<WPARAM>(TheTheme().m_fontLarge.Get()));
     };
-    EXPECT_LT(Time("another font", setFont), kLimit);
+    EXPECT_LT(TimeOf("another font", setFont), kLimit);
 }
 
 }  // namespace
