@@ -116,12 +116,12 @@ bool tvBaseDlg::HasFixedSize() const noexcept {
     return m_minWidth != 0 && m_minHeight != 0 && m_minWidth == m_maxWidth && m_minHeight == m_maxHeight;
 }
 
-bool tvBaseDlg::PaintWindow() {
+bool tvBaseDlg::PaintWindow(Fade fade) {
     if (!GetUpdateRect(m_hWnd, nullptr, FALSE)) return false;
     const tvPaintDC paint(m_hWnd, m_font);
     RECT rect;
     GetClientRect(m_hWnd, &rect);
-    PaintBuffered(m_hWnd, paint.m_dc, rect, nullptr, Fade::No);
+    PaintBuffered(m_hWnd, paint.m_dc, rect, nullptr, fade);
     return true;
 }
 

@@ -33,8 +33,9 @@ protected:
     // True if least and greatest size are equal: the frame looks as if it could be sized, and cannot.
     [[nodiscard]] bool HasFixedSize() const noexcept;
 
-    // Answers WM_PAINT through the buffer. False if there is nothing to paint.
-    bool PaintWindow();
+    // Answers WM_PAINT through the buffer, with a fade from the last picture if asked for. False if there is
+    // nothing to paint.
+    bool PaintWindow(Fade fade = Fade::No);
 
 private:
     bool OnOwnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);

@@ -6,17 +6,20 @@
 #include "foundation/product.h"
 #include "foundation/textops.h"
 #include "toolkit/app.h"
+#include "toolkit/control_state.h"
 #include "toolkit/draw.h"
 #include "toolkit/rect.h"
 #include "toolkit/text_draw.h"
 #include "toolkit/theme.h"
 #include "windows/command_ids.h"
+#include "windows/dialog_layout.h"
+#include "windows/set_control.h"
 
 namespace {
 
 constexpr u16 kLinkId = 2019;
 constexpr i32 kWholeWidth = 100;
-constexpr const wchar_t* kLinkText = L"Tolvane, vaultmere.example";
+constexpr const char16_t* kLinkText = u"Tolvane, vaultmere.example";
 
 tvstring VersionNumber() {
     tvstring text;
@@ -52,17 +55,6 @@ void DrawLine(HDC dc, HFONT font, const tvstring& text, RECT& place) {
     place.top += height + TheTheme().m_borderWidth;
 }
 
-SIZE SizeOf(const tvWnd& window) {
-    RECT rect{};
-    GetWindowRect(window.Handle(), &rect);
-    return {rect.right - rect.left, rect.bottom - rect.top};
-}
-
-void MoveTo(const tvWnd& window, LONG x, LONG y) {
-    SetWindowPos(window.Handle(), nullptr, static_cast<int>(x), static_cast<int>(y), 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 }  // namespace
 
 CVMRAboutDlg::CVMRAboutDlg() : m_btnHelp(kWholeWidth) {}
@@ -91,18 +83,12 @@ bool CVMRAboutDlg::OnInitDialog() {
 }
 
 void CVMRAboutDlg::OnUpdateText() {
-    SetWindowTextW(m_hWnd, Wide(LangText(u"global", u"about").c_str()));
-    SetWindowTextW(m_btnHelp.Handle(), Wide(LangText(u"global", u"help").c_str()));
-    SetWindowTextW(m_link.Handle(), kLinkText);
+    SetText(*this, u"global", u"about");
+    SetText(m_btnHelp, u"global", u"help");
+    SetText(m_link, tvstring(kLinkText));
 }
 
 // --- Size and layout ---
-
-RECT CVMRAboutDlg::Content() const {
-    RECT client{};
-    GetClientRect(m_hWnd, &client);
-    return Inset(client, TheTheme().m_marginX, TheTheme().m_marginY);
-}
 
 void CVMRAboutDlg::MeasureTexts() {
     tvTheme& theme = TheTheme();
@@ -118,23 +104,20 @@ void CVMRAboutDlg::OnAutoSize() {
     MeasureTexts();
     const tvTheme& theme = TheTheme();
     const SIZE button = SizeOf(m_btnHelp);
-    const LONG fromTemplate = Width(Content());
+    const LONG fromTemplate = Width(ContentOf(ClientOf(m_hWnd)));
     LONG width = m_textWidth + 2 * button.cx + button.cx / 2;
     if (width > fromTemplate * 5 / 4) width = std::max(fromTemplate, m_textWidth + 2 * button.cx);
     const LONG height = std::max<LONG>(m_textHeight, 3 * button.cy + 2 * theme.m_marginY);
-    RECT window{0, 0, width + 2 * theme.m_marginX, height + 2 * theme.m_marginY};
-    AdjustWindowRectEx(&window, static_cast<DWORD>(GetWindowLongPtrW(m_hWnd, GWL_STYLE)), FALSE,
-                       static_cast<DWORD>(GetWindowLongPtrW(m_hWnd, GWL_EXSTYLE)));
-    SetWindowPos(m_hWnd, nullptr, 0, 0, Width(window), Height(window),
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SizeToContent(m_hWnd, {0, 0, width, height});
 }
 
 void CVMRAboutDlg::OnLayout() {
-    const RECT content = Content();
+    const RECT content = ContentOf(ClientOf(m_hWnd));
     const LONG icon = TheTheme().m_icons.SizeOf(ICON_APPLICATION).cx;
-    MoveTo(m_btnHelp, content.right - SizeOf(m_btnHelp).cx, content.top);
-    MoveTo(m_link, content.left + icon + TheTheme().m_borderWidth,
-           content.top + m_textHeight + TheTheme().m_marginY);
+    const int top = static_cast<int>(content.top);
+    MoveTo(m_btnHelp, static_cast<int>(content.right - SizeOf(m_btnHelp).cx), top);
+    MoveTo(m_link, static_cast<int>(content.left + icon) + TheTheme().m_borderWidth,
+           top + m_textHeight + TheTheme().m_marginY);
 }
 
 // --- Painting ---
@@ -142,7 +125,7 @@ void CVMRAboutDlg::OnLayout() {
 void CVMRAboutDlg::OnPaintDlg(HDC dc, const RECT& rect) {
     tvTheme& theme = TheTheme();
     FillSolid(dc, rect, theme.Color(&tvColorTheme::m_base, COLOR_BTNFACE));
-    RECT content = Inset(rect, theme.m_marginX, theme.m_marginY);
+    RECT content = ContentOf(rect);
     const SIZE icon = theme.m_icons.SizeOf(ICON_APPLICATION);
     DrawIconEx(dc, static_cast<int>(content.left), static_cast<int>(content.top),
                theme.m_icons.Find(ICON_APPLICATION), static_cast<int>(icon.cx), static_cast<int>(icon.cy), 0,
@@ -156,12 +139,6 @@ void CVMRAboutDlg::OnPaintDlg(HDC dc, const RECT& rect) {
 
 LRESULT CVMRAboutDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_PAINT:
-            if (PaintWindow()) return 0;
-            break;
-        case WM_ERASEBKGND:
-            if (wParam != 0) return 1;
-            break;
         case WM_COMMAND:
             if (LOWORD(wParam) == kLinkId)
                 ShellExecuteW(nullptr, nullptr, kProductPage, nullptr, nullptr, SW_SHOWNORMAL);

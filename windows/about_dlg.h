@@ -33,5 +33,4 @@ public:
 
 private:
     void MeasureTexts();
-    [[nodiscard]] RECT Content() const;
 };

@@ -19,6 +19,20 @@ bool CVMRBaseDlg::OnInitDialog() {
     return result;
 }
 
+LRESULT CVMRBaseDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_ERASEBKGND:
+            if (wParam != 0) return 1;
+            break;
+        case WM_PAINT:
+            if (PaintWindow()) return 0;
+            break;
+        default:
+            break;
+    }
+    return tvBaseDlg::WindowProc(message, wParam, lParam);
+}
+
 int CVMRBaseDlg::RunModal() {
     BuildTemplate();
     return DoModal();

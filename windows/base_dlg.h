@@ -17,6 +17,10 @@ public:
     // A window that is no pane cannot be made smaller than it opens.
     bool OnInitDialog() override;
 
+    // Paints the window through its buffer under every theme: under that of the system too there is more on
+    // it than controls.
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+
     // Builds the template and runs the dialog over what is in front: what tvDialog::DoModal gives.
     int RunModal();
 

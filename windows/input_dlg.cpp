@@ -12,7 +12,9 @@
 #include "toolkit/rect.h"
 #include "toolkit/theme.h"
 #include "windows/command_ids.h"
+#include "windows/dialog_layout.h"
 #include "windows/file_dialogs.h"
+#include "windows/set_control.h"
 
 namespace {
 
@@ -20,21 +22,6 @@ constexpr u16 kEdit1 = 2014;
 constexpr u16 kEdit2 = 2015;
 constexpr u16 kExtra = 2006;
 constexpr i32 kWholeWidth = 100;
-
-void SetText(const tvWnd& window, const tvstring& text) {
-    SetWindowTextW(window.Handle(), Wide(text.c_str()));
-}
-
-SIZE SizeOf(HWND window) {
-    RECT rect{};
-    GetWindowRect(window, &rect);
-    return {rect.right - rect.left, rect.bottom - rect.top};
-}
-
-void Move(const tvWnd& window, const RECT& rect) {
-    MoveWindow(window.Handle(), static_cast<int>(rect.left), static_cast<int>(rect.top), Width(rect),
-               Height(rect), TRUE);
-}
 
 }  // namespace
 
@@ -90,8 +77,8 @@ void CVMRInputDlg::OnSubclassControls() {
 bool CVMRInputDlg::OnInitDialog() {
     SetTexts();
     SetUpExtraButton();
-    SetText(m_okBtn, LangText(u"global", u"ok"));
-    SetText(m_cancelBtn, LangText(u"global", u"cancel"));
+    SetText(m_okBtn, u"global", u"ok");
+    SetText(m_cancelBtn, u"global", u"cancel");
     CVMRBaseDlg::OnInitDialog();
     if (m_MultiLine != 0) {
         LoadStoreSize(true);
@@ -107,15 +94,14 @@ void CVMRInputDlg::SetTexts() {
     if (!m_Text2.empty()) SetText(m_edit2, m_Text2);
     m_Text.clear();
     m_Text2.clear();
-    SetWindowTextW(m_hWnd, m_BigTitle != 0 ? Wide(kAppName.data()) : Wide(m_Title.c_str()));
+    SetText(*this, m_BigTitle != 0 ? tvstring(kAppName) : m_Title);
     m_edit1.SetCue(m_Tip, true);
-    ShowWindow(m_edit2.Handle(), m_TwoFields != 0 ? SW_SHOWNA : SW_HIDE);
+    ShowIf(m_edit2, m_TwoFields != 0);
     m_edit2.SetCue(m_Tip2, true);
 }
 
 void CVMRInputDlg::SetUpExtraButton() const {
-    const bool isShown = !m_ExtraCaption.empty() && m_ExtraCommand != 0;
-    ShowWindow(m_extraBtn.Handle(), isShown ? SW_SHOWNA : SW_HIDE);
+    ShowIf(m_extraBtn, !m_ExtraCaption.empty() && m_ExtraCommand != 0);
     SetText(m_extraBtn, m_ExtraCaption);
 }
 
@@ -127,8 +113,8 @@ void CVMRInputDlg::PutCaretAtEnd() const {
 
 // One size for all dialogs of several lines.
 void CVMRInputDlg::LoadStoreSize(bool load) const {
-    if ((GetWindowLongPtrW(m_hWnd, GWL_STYLE) & WS_THICKFRAME) == 0) return;
-    const SIZE present = SizeOf(m_hWnd);
+    if (!HasStyle(m_hWnd, WS_THICKFRAME)) return;
+    const SIZE present = SizeOf(*this);
     ScreenSize size{present.cx, present.cy};
     if (!load) {
         LoadStoreInputDlgSize(LoadStore::Store, size);
@@ -152,7 +138,7 @@ bool CVMRInputDlg::IsComplete() const {
 }
 
 void CVMRInputDlg::OnUpdateState() {
-    EnableWindow(m_okBtn.Handle(), IsComplete() ? TRUE : FALSE);
+    EnableIf(m_okBtn, IsComplete());
 }
 
 // False if what is there is not enough for OK.
@@ -197,30 +183,22 @@ bool CVMRInputDlg::OnCommand(WPARAM wParam) {
 LRESULT CVMRInputDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_DESTROY) LoadStoreSize(false);
     if (message == WM_COMMAND && OnCommand(wParam)) return 0;
-    // What is painted above the boxes is there under every theme, that of the system included.
-    if (message == WM_ERASEBKGND && wParam != 0) return 1;
-    if (message == WM_PAINT && PaintWindow()) return 0;
     return CVMRBaseDlg::WindowProc(message, wParam, lParam);
 }
 
 // --- Size and layout ---
 
-SIZE CVMRInputDlg::ButtonSize() const {
-    return SizeOf(m_okBtn.Handle());
-}
-
 int CVMRInputDlg::EditAreaHeight() const {
     constexpr int kLines = 6;
-    const int edit = static_cast<int>(SizeOf(m_edit1.Handle()).cy);
+    const int edit = static_cast<int>(SizeOf(m_edit1).cy);
     if (m_MultiLine != 0) return kLines * TheTheme().TextHeight(m_font, nullptr);
     return m_TwoFields != 0 ? TheTheme().m_halfMarginY + 2 * edit + 8 : edit + 4;
 }
 
 void CVMRInputDlg::OnAutoSize() {
-    const SIZE button = ButtonSize();
+    const SIZE button = SizeOf(m_okBtn);
     const tvTheme& theme = TheTheme();
-    RECT client{};
-    GetClientRect(m_hWnd, &client);
+    RECT client = ClientOf(m_hWnd);
     const LONG least = 3 * theme.m_gapX + 2 * (theme.m_marginX + 2 * button.cx);
     const LONG most = 5 * button.cx + 2 * (theme.m_marginX + 2 * theme.m_gapX);
     client.right = std::min(std::max<LONG>(client.right, least), std::max(least, most));
@@ -231,32 +209,27 @@ void CVMRInputDlg::OnAutoSize() {
         OnPaintDlg(unseen.Get(), client);
     }
     const LONG gap = (m_infoLines < 2 ? 1 : 2) * theme.m_marginY + button.cy;
-    RECT window{0, 0, client.right, m_editTop + theme.m_marginY + gap + EditAreaHeight()};
-    AdjustWindowRectEx(&window, static_cast<DWORD>(GetWindowLongPtrW(m_hWnd, GWL_STYLE)), FALSE,
-                       static_cast<DWORD>(GetWindowLongPtrW(m_hWnd, GWL_EXSTYLE)));
-    SetWindowPos(m_hWnd, nullptr, 0, 0, Width(window), Height(window),
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    client.bottom = m_editTop + theme.m_marginY + gap + EditAreaHeight();
+    SizeToContent(m_hWnd, ContentOf(client));
 }
 
 void CVMRInputDlg::OnLayout() {
     const tvTheme& theme = TheTheme();
-    const SIZE button = ButtonSize();
-    RECT client{};
-    GetClientRect(m_hWnd, &client);
-    RECT rest = Inset(client, theme.m_marginX, theme.m_marginY);
+    const SIZE button = SizeOf(m_okBtn);
+    RECT rest = ContentOf(ClientOf(m_hWnd));
     rest.top = m_editTop;
     const LONG top = rest.bottom - button.cy;
     const LONG left = rest.right - 2 * button.cx - theme.m_gapX;
-    Move(m_cancelBtn, {rest.right - button.cx, top, rest.right, rest.bottom});
-    Move(m_okBtn, {left, top, left + button.cx, rest.bottom});
-    Move(m_extraBtn, {rest.left, top, rest.left + button.cx, rest.bottom});
+    Place(m_cancelBtn, {rest.right - button.cx, top, rest.right, rest.bottom});
+    Place(m_okBtn, {left, top, left + button.cx, rest.bottom});
+    Place(m_extraBtn, {rest.left, top, rest.left + button.cx, rest.bottom});
     rest.bottom = top - theme.m_marginY;
     if (m_MultiLine != 0) {
-        Move(m_edit1, rest);
+        Place(m_edit1, rest);
         return;
     }
-    const LONG edit = SizeOf(m_edit1.Handle()).cy;
+    const LONG edit = SizeOf(m_edit1).cy;
     const LONG second = rest.top + edit + theme.m_halfMarginY + 4;
-    Move(m_edit1, {rest.left, rest.top, rest.right, rest.top + edit});
-    Move(m_edit2, {rest.left, second, rest.right, second + edit});
+    Place(m_edit1, {rest.left, rest.top, rest.right, rest.top + edit});
+    Place(m_edit2, {rest.left, second, rest.right, second + edit});
 }

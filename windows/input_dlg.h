@@ -58,7 +58,6 @@ private:
     void SetUpExtraButton() const;
     void PutCaretAtEnd() const;
     void LoadStoreSize(bool load) const;
-    [[nodiscard]] SIZE ButtonSize() const;
     [[nodiscard]] int EditAreaHeight() const;
     LONG DrawBigTitle(HDC dc, RECT place, LONG iconHeight) const;
     LONG DrawInfo(HDC dc, RECT place, LONG iconHeight) const;

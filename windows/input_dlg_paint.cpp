@@ -3,6 +3,7 @@
 #include "toolkit/rect.h"
 #include "toolkit/text_draw.h"
 #include "toolkit/theme.h"
+#include "windows/dialog_layout.h"
 #include "windows/input_dlg.h"
 
 namespace {
@@ -38,7 +39,7 @@ LONG CVMRInputDlg::DrawInfo(HDC dc, RECT place, LONG iconHeight) const {
 // Paints what stands above the edit boxes, and finds out where they begin.
 void CVMRInputDlg::OnPaintDlg(HDC dc, const RECT& rect) {
     const tvTheme& theme = TheTheme();
-    RECT rest = Inset(rect, theme.m_marginX, theme.m_marginY);
+    RECT rest = ContentOf(rect);
     const bool hasIcon = m_Icon != nullptr && m_iconWidth > 0 && m_iconHeight > 0;
     const LONG iconHeight = hasIcon ? m_iconHeight : 0;
     const LONG textLeft = rest.left + (hasIcon ? m_iconWidth + theme.m_marginX : 0);

@@ -9,7 +9,9 @@
 #include "shell/statics.h"
 #include "toolkit/rect.h"
 #include "windows/command_ids.h"
+#include "windows/dialog_layout.h"
 #include "windows/list_message.h"
+#include "windows/set_control.h"
 
 namespace {
 
@@ -20,19 +22,10 @@ constexpr int kGap = 8;      // between controls of a row, and at the left
 constexpr int kRowGap = 10;  // between the rows, and above and below
 constexpr int kColumns = 5;  // of which the order takes two
 
-void SetCaption(const tvWnd& control, const tvstring& text) {
-    SetWindowTextW(control.Handle(), Wide(text.c_str()));
-}
-
 RECT PlaceOnScreen(const tvWnd& window) {
     RECT rect{};
     GetWindowRect(window.Handle(), &rect);
     return rect;
-}
-
-void Place(const tvWnd& control, const RECT& rect) {
-    SetWindowPos(control.Handle(), nullptr, static_cast<int>(rect.left), static_cast<int>(rect.top),
-                 Width(rect), Height(rect), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace
@@ -87,12 +80,12 @@ bool CVMRLeftDlg::OnInitDialog() {
 // --- Texts and states ---
 
 void CVMRLeftDlg::OnUpdateText() {
-    SetCaption(m_upBtn, LangText(u"global", u"moveup"));
-    SetCaption(m_downBtn, LangText(u"global", u"movedown"));
-    SetCaption(m_removeBtn, LangText(u"global", u"remove"));
+    SetText(m_upBtn, u"global", u"moveup");
+    SetText(m_downBtn, u"global", u"movedown");
+    SetText(m_removeBtn, u"global", u"remove");
     tvstring add = LangText(u"global", u"add");
     CleanCaption(add, false, CUT_UNLESS_ONE);
-    SetCaption(m_addBtn, add);
+    SetText(m_addBtn, add);
 
     const LRESULT selected = m_sortCombo.Send(CB_GETCURSEL);
     m_sortCombo.Send(CB_RESETCONTENT);
@@ -154,7 +147,7 @@ void CVMRLeftDlg::ShowDatabase() {
 void CVMRLeftDlg::DetachList() {
     m_list.m_Source = nullptr;
     m_list.Refresh();
-    SetCaption(m_filterEdit, {});
+    SetText(m_filterEdit, {});
 }
 
 void CVMRLeftDlg::AttachList(int row, bool focus) {

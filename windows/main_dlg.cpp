@@ -11,32 +11,15 @@
 #include "shell/last_window.h"
 #include "shell/statics.h"
 #include "shell/window_placement.h"
+#include "toolkit/control_state.h"
 #include "toolkit/rect.h"
 #include "toolkit/theme.h"
+#include "windows/dialog_layout.h"
 
 namespace {
 
 constexpr u16 kStatusBarId = 2001;
 constexpr u16 kSplitterId = 2002;
-
-RECT ClientOf(HWND window) {
-    RECT rect{};
-    GetClientRect(window, &rect);
-    return rect;
-}
-
-// A child's rectangle in the client area of its parent.
-RECT PlaceIn(HWND parent, HWND child) {
-    RECT rect{};
-    GetWindowRect(child, &rect);
-    MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&rect), 2);
-    return rect;
-}
-
-void MoveTo(const tvWnd& window, const RECT& rect) {
-    MoveWindow(window.Handle(), static_cast<int>(rect.left), static_cast<int>(rect.top), Width(rect),
-               Height(rect), TRUE);
-}
 
 void ShowPane(const tvWnd& window, bool shown) {
     ShowWindow(window.Handle(), shown ? SW_SHOW : SW_HIDE);
@@ -90,7 +73,7 @@ void CVMRDlg::CreatePanes() {
 
 // The splitter stays as far from either side as the left pane is wide at first.
 void CVMRDlg::SetUpSplitter() {
-    const int width = std::max(Width(PlaceIn(m_hWnd, m_leftDlg.Handle())), 0);
+    const int width = static_cast<int>(SizeOf(m_leftDlg).cx);
     m_splitter.m_marginTop = width;
     m_splitter.m_marginLeft = width;
     m_splitter.m_vertical = 0;
@@ -120,21 +103,21 @@ void CVMRDlg::OpenFromCommandLine() {
 
 void CVMRDlg::OnLayout() {
     RECT rest = ClientOf(m_hWnd);
-    const int statusHeight = Height(PlaceIn(m_hWnd, m_statusBar.Handle()));
-    MoveTo(m_statusBar, {rest.left, rest.bottom - statusHeight, rest.right, rest.bottom});
+    const int statusHeight = static_cast<int>(SizeOf(m_statusBar).cy);
+    Place(m_statusBar, {rest.left, rest.bottom - statusHeight, rest.right, rest.bottom});
     rest.bottom -= statusHeight;
 
-    const int topHeight = Height(PlaceIn(m_hWnd, m_topDlg.Handle()));
-    MoveTo(m_topDlg, {rest.left, rest.top, rest.right, rest.top + topHeight});
+    const int topHeight = static_cast<int>(SizeOf(m_topDlg).cy);
+    Place(m_topDlg, {rest.left, rest.top, rest.right, rest.top + topHeight});
     rest.top += topHeight;
 
-    MoveTo(m_startDlg, rest);
+    Place(m_startDlg, rest);
 
     const LONG edge = rest.left + static_cast<LONG>(static_cast<float>(Width(rest)) * m_spPercent);
-    MoveTo(m_splitter, {edge, rest.top, edge + TheTheme().m_marginX, rest.bottom});
-    const RECT splitter = PlaceIn(m_hWnd, m_splitter.Handle());  // which has limits of its own
-    MoveTo(m_leftDlg, {rest.left, rest.top, splitter.left, rest.bottom});
-    MoveTo(m_rightDlg, {splitter.right, rest.top, rest.right, rest.bottom});
+    Place(m_splitter, {edge, rest.top, edge + TheTheme().m_marginX, rest.bottom});
+    const RECT splitter = PlaceOf(m_splitter);  // which has limits of its own
+    Place(m_leftDlg, {rest.left, rest.top, splitter.left, rest.bottom});
+    Place(m_rightDlg, {splitter.right, rest.top, rest.right, rest.bottom});
 }
 
 void CVMRDlg::UpdatePanes() const {
@@ -148,7 +131,7 @@ void CVMRDlg::UpdatePanes() const {
 // The message is posted: meanwhile the window may have been minimised, and has no width then.
 void CVMRDlg::OnSplit() {
     if (Width(ClientOf(m_hWnd)) <= 0) return;
-    const RECT splitter = PlaceIn(m_hWnd, m_splitter.Handle());
+    const RECT splitter = PlaceOf(m_splitter);
     m_spPercent = static_cast<float>(splitter.left) / static_cast<float>(Width(ClientOf(m_hWnd)));
     OnLayout();
 }

@@ -11,6 +11,7 @@
 #include "toolkit/rect.h"
 #include "toolkit/theme.h"
 #include "windows/dialog_layout.h"
+#include "windows/set_control.h"
 #include "windows/shown_text.h"
 
 namespace {
@@ -20,10 +21,6 @@ constexpr u16 kRadio2 = 2008;
 constexpr i32 kWholeWidth = 100;
 constexpr std::size_t kItems = 2;
 constexpr UINT kPreviewFlags = DT_NOPREFIX | DT_PATH_ELLIPSIS | DT_WORD_ELLIPSIS;
-
-void SetText(HWND window, const tvstring& text) {
-    SetWindowTextW(window, Wide(text.c_str()));
-}
 
 // A name as a caption, in which a single "&" would mark a short cut.
 tvstring NameText(const VMRD_Element* item) {
@@ -65,9 +62,9 @@ void CVMRMergeItemDlg::OnSubclassControls() {
 }
 
 void CVMRMergeItemDlg::OnUpdateText() {
-    SetText(m_hWnd, LangText(u"itemlist", u"merge_title"));
-    SetText(m_okBtn.Handle(), LangText(u"global", u"ok"));
-    SetText(m_cancelBtn.Handle(), LangText(u"global", u"cancel"));
+    SetText(*this, u"itemlist", u"merge_title");
+    SetText(m_okBtn, u"global", u"ok");
+    SetText(m_cancelBtn, u"global", u"cancel");
 }
 
 // The names come before the layout, since the height of a radio button hangs on its text.
@@ -76,8 +73,8 @@ bool CVMRMergeItemDlg::OnInitDialog() {
     const auto name = [this](std::size_t index) {
         return index < m_Items.size() ? NameText(m_Items[index]) : tvstring();
     };
-    SetText(m_radio1.Handle(), name(0));
-    SetText(m_radio2.Handle(), name(1));
+    SetText(m_radio1, name(0));
+    SetText(m_radio2, name(1));
     LayOut();
     m_radio1.Send(BM_SETCHECK, BST_CHECKED);
     m_radio2.Send(BM_SETCHECK, BST_UNCHECKED);
@@ -165,13 +162,6 @@ LRESULT CVMRMergeItemDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         case WM_COMMAND:
             if (LOWORD(wParam) == kRadio1 || LOWORD(wParam) == kRadio2) OnUpdateState();
             if (LOWORD(wParam) == IDOK) Merge();
-            break;
-        // What is painted beside the controls is there under every theme, that of the system included.
-        case WM_ERASEBKGND:
-            if (wParam != 0) return 1;
-            break;
-        case WM_PAINT:
-            if (PaintWindow()) return 0;
             break;
         default:
             break;

@@ -3,7 +3,7 @@
 #include "foundation/language.h"
 #include "foundation/textops.h"
 #include "toolkit/control_state.h"
-#include "windows/dialog_layout.h"
+#include "windows/set_control.h"
 
 namespace {
 
@@ -20,10 +20,6 @@ constexpr u32 kButtonIcon = 100;
 
 constexpr PassGenClass kClassOfBox[kPassGenClasses] = {PASSGEN_UPPER, PASSGEN_LOWER, PASSGEN_DIGITS,
                                                        PASSGEN_OTHER};
-
-void SetText(HWND window, const tvstring& text) {
-    SetWindowTextW(window, Wide(text.c_str()));
-}
 
 }  // namespace
 
@@ -84,14 +80,14 @@ void CVMRPassGenDlg::MakeSpin(tvSpinCtrl& spin, u16 id, const tvEdit& buddy) con
 }
 
 void CVMRPassGenDlg::OnUpdateText() {
-    SetText(m_hWnd, LangText(u"pwdgen", u"title"));
-    SetText(m_okBtn.Handle(), LangText(u"global", u"ok"));
-    SetText(m_cancelBtn.Handle(), LangText(u"global", u"cancel"));
-    SetText(m_classBoxes[0].Handle(), LangText(u"pwdgen", u"upper"));
-    SetText(m_classBoxes[1].Handle(), LangText(u"pwdgen", u"lower"));
-    SetText(m_classBoxes[2].Handle(), LangText(u"pwdgen", u"num"));
-    SetText(m_classBoxes[3].Handle(), LangText(u"pwdgen", u"other"));
-    SetText(m_generateBtn.Handle(), LangText(u"pwdgen", u"gen"));
+    SetText(*this, u"pwdgen", u"title");
+    SetText(m_okBtn, u"global", u"ok");
+    SetText(m_cancelBtn, u"global", u"cancel");
+    SetText(m_classBoxes[0], u"pwdgen", u"upper");
+    SetText(m_classBoxes[1], u"pwdgen", u"lower");
+    SetText(m_classBoxes[2], u"pwdgen", u"num");
+    SetText(m_classBoxes[3], u"pwdgen", u"other");
+    SetText(m_generateBtn, u"pwdgen", u"gen");
 }
 
 bool CVMRPassGenDlg::OnInitDialog() {
@@ -100,7 +96,7 @@ bool CVMRPassGenDlg::OnInitDialog() {
     LayOut();
     for (const tvSpinCtrl& spin : m_spins)
         spin.Send(UDM_SETRANGE32, kPassGenShortest, kPassGenLongest);
-    SetText(m_passwordEdit.Handle(), m_Password);
+    SetText(m_passwordEdit, m_Password);
     SetDlgItemInt(m_hWnd, kMinLength, static_cast<UINT>(usual.minLength), FALSE);
     SetDlgItemInt(m_hWnd, kMaxLength, static_cast<UINT>(usual.maxLength), FALSE);
     LoadStoreOptions(true);
@@ -146,7 +142,7 @@ tvstring CVMRPassGenDlg::GeneratePassword() {
         return request;
     });
     m_passwordEdit.Wipe();  // nothing of the one before stays in the control
-    SetText(m_passwordEdit.Handle(), password);
+    SetText(m_passwordEdit, password);
     return password;
 }
 
@@ -195,13 +191,6 @@ LRESULT CVMRPassGenDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_COMMAND:
             OnCommand(wParam);
-            break;
-        // What is painted beside the controls is there under every theme, that of the system included.
-        case WM_ERASEBKGND:
-            if (wParam != 0) return 1;
-            break;
-        case WM_PAINT:
-            if (PaintWindow()) return 0;
             break;
         default:
             break;

@@ -10,7 +10,9 @@
 #include "toolkit/rect.h"
 #include "toolkit/theme.h"
 #include "windows/command_ids.h"
+#include "windows/dialog_layout.h"
 #include "windows/list_message.h"
+#include "windows/set_control.h"
 
 namespace {
 
@@ -19,19 +21,6 @@ constexpr u32 kCopyImage = 109;
 constexpr u32 kGoImage = 110;
 constexpr u32 kShowImage = 111;
 constexpr i32 kWholeWidth = 100;
-
-void SetCaption(const tvWnd& button, const char16_t* section, const char16_t* key) {
-    SetWindowTextW(button.Handle(), Wide(LangText(section, key).c_str()));
-}
-
-void ShowIf(const tvWnd& window, bool shown) {
-    ShowWindow(window.Handle(), shown ? SW_SHOWNA : SW_HIDE);
-}
-
-void Move(const tvWnd& window, const RECT& rect) {
-    MoveWindow(window.Handle(), static_cast<int>(rect.left), static_cast<int>(rect.top), Width(rect),
-               Height(rect), TRUE);
-}
 
 // The list has a menu of its own, which the keyboard means wherever the mouse is.
 bool IsMenuOfList(WPARAM wParam, LPARAM lParam, const tvMListBox& list) {
@@ -113,15 +102,15 @@ bool CVMRRightDlg::OnInitDialog() {
 
 void CVMRRightDlg::OnUpdateText() {
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE);
-    SetCaption(m_modifyHover, u"global", u"modify");
-    SetCaption(m_copyHover, u"global", u"copy");
-    SetCaption(m_goHover, u"global", u"go");
+    SetText(m_modifyHover, u"global", u"modify");
+    SetText(m_copyHover, u"global", u"copy");
+    SetText(m_goHover, u"global", u"go");
     UpdateShowHover();
-    SetCaption(m_addBtn, u"global", u"add");
-    SetCaption(m_removeBtn, u"global", u"remove");
-    SetCaption(m_modifyBtn, u"global", u"modify");
-    SetCaption(m_upBtn, u"global", u"moveup");
-    SetCaption(m_downBtn, u"global", u"movedown");
+    SetText(m_addBtn, u"global", u"add");
+    SetText(m_removeBtn, u"global", u"remove");
+    SetText(m_modifyBtn, u"global", u"modify");
+    SetText(m_upBtn, u"global", u"moveup");
+    SetText(m_downBtn, u"global", u"movedown");
 }
 
 void CVMRRightDlg::OnUpdateState() {
@@ -140,19 +129,19 @@ void CVMRRightDlg::PlaceList(const RECT& room, LONG top) {
     const int row = m_list.CalcItemHeight(0);
     const int rows = std::max(static_cast<int>(room.bottom - top) / row, 1);
     const int button = Width(PlaceInParent(m_addBtn.Handle()));
-    Move(m_list, BoxAt(room.left, top, Width(room) - button - TheTheme().m_gapX, rows * row));
+    Place(m_list, BoxAt(room.left, top, Width(room) - button - TheTheme().m_gapX, rows * row));
 }
 
 // Where the list begins is known from painting.
 void CVMRRightDlg::OnLayout() {
     if (m_Item == nullptr) return;
     if (!m_fields.contains(VMRD_T_ADDITION)) MeasureFields();
-    const RECT room = Inset(ClientOf(m_hWnd), TheTheme().m_marginX, TheTheme().m_marginY);
+    const RECT room = ContentOf(ClientOf(m_hWnd));
     LONG top = m_fields[VMRD_T_ADDITION].m_hitRect.bottom + TheTheme().m_borderWidth;
     PlaceList(room, top);
     const RECT size = ClientOf(m_addBtn.Handle());
     for (const tvWnd* button : {&m_addBtn, &m_removeBtn, &m_modifyBtn, &m_upBtn, &m_downBtn}) {
-        Move(*button, BoxAt(room.right - Width(size), top, Width(size), Height(size)));
+        Place(*button, BoxAt(room.right - Width(size), top, Width(size), Height(size)));
         top += Height(size) + TheTheme().m_gapY;
     }
 }
@@ -227,12 +216,6 @@ void CVMRRightDlg::OnRowsChanged(NotifyArgument owner, NotifyArgument elements, 
 LRESULT CVMRRightDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     HandleListMessage(this, message, wParam, lParam, &m_list, true);
     switch (message) {
-        case WM_PAINT:
-            if (PaintWindow()) return 0;
-            break;
-        case WM_ERASEBKGND:
-            if (wParam != 0) return 1;
-            break;
         case WM_MOUSEMOVE:
             OnMouseMove();
             break;

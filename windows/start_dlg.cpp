@@ -11,6 +11,8 @@
 #include "toolkit/theme.h"
 #include "windows/base_button.h"
 #include "windows/command_ids.h"
+#include "windows/dialog_layout.h"
+#include "windows/set_control.h"
 
 namespace {
 
@@ -22,19 +24,8 @@ constexpr u32 kOpenImage = 106;
 void SetTexts(CVMRStartButton& button, const char16_t* title, const char16_t* note) {
     tvstring text = LangText(u"start", title);
     CleanCaption(text, false, CUT_UNLESS_ONE);
-    SetWindowTextW(button.Handle(), Wide(text.c_str()));
+    SetText(button, text);
     button.SetNote(LangText(u"start", note));
-}
-
-void Move(const tvWnd& window, const RECT& rect) {
-    MoveWindow(window.Handle(), static_cast<int>(rect.left), static_cast<int>(rect.top), Width(rect),
-               Height(rect), TRUE);
-}
-
-int HeightOf(const tvWnd& window) {
-    RECT rect{};
-    GetWindowRect(window.Handle(), &rect);
-    return Height(rect);
 }
 
 int HeadingHeight() {
@@ -93,7 +84,7 @@ void CVMRStartDlg::OnAppNotify(i32 code, NotifyArgument, NotifyArgument, NotifyA
     if (!IsAttached()) return;
     if (code == APPN_LANGUAGE) OnUpdateText();
     m_recentList.Reload();
-    ShowWindow(m_recentList.Handle(), HasList() ? SW_SHOWNA : SW_HIDE);
+    ShowIf(m_recentList, HasList());
     OnLayout();
     RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
@@ -121,7 +112,7 @@ int CVMRStartDlg::ListHeight(int room) {
 // A block that leaves much room free stands a third of that from the top.
 void CVMRStartDlg::OnLayout() {
     const RECT page = Page();
-    const int button = HeightOf(m_createBtn);
+    const int button = static_cast<int>(SizeOf(m_createBtn).cy);
     const int margin = TheTheme().m_marginY;
     const int buttons = 2 * (margin + button);
     const int gap = GapAboveList();
@@ -130,11 +121,11 @@ void CVMRStartDlg::OnLayout() {
     LONG top = page.top;
     if (block < Height(page) * 2 / 3) top += (Height(page) - block) / 3;
 
-    Move(m_createBtn, BoxAt(page.left, top, Width(page), button));
+    Place(m_createBtn, BoxAt(page.left, top, Width(page), button));
     top += button + 2 * margin;
-    Move(m_openBtn, BoxAt(page.left, top, Width(page), button));
+    Place(m_openBtn, BoxAt(page.left, top, Width(page), button));
     top += button + gap;
-    Move(m_recentList, BoxAt(page.left, top, Width(page), list));
+    Place(m_recentList, BoxAt(page.left, top, Width(page), list));
 }
 
 // --- Painting ---
@@ -159,13 +150,6 @@ LRESULT CVMRStartDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
             if (LOWORD(wParam) != CMD_NEW && LOWORD(wParam) != CMD_OPEN) break;
             PostMessageW(tvApp::MainWindow(), WM_COMMAND, LOWORD(wParam), 0);
             return 0;
-        case WM_ERASEBKGND:
-            if (wParam != 0) return 1;
-            break;
-        // The heading is there under every theme, that of the system included.
-        case WM_PAINT:
-            if (PaintWindow()) return 0;
-            break;
         default:
             break;
     }

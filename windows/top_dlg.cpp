@@ -5,30 +5,19 @@
 #include "shell/app_data.h"
 #include "shell/statics.h"
 #include "toolkit/app.h"
+#include "toolkit/control_state.h"
 #include "toolkit/draw.h"
 #include "toolkit/rect.h"
 #include "toolkit/theme.h"
 #include "toolkit/tool_tip.h"
+#include "windows/dialog_layout.h"
+#include "windows/set_control.h"
 
 namespace {
 
 constexpr u16 kRenameImage = 107;
 constexpr u16 kSetPasswordImage = 103;
 constexpr u16 kSaveImage = 105;
-
-void SetCaption(const tvWnd& button, const char16_t* section, const char16_t* key) {
-    SetWindowTextW(button.Handle(), Wide(LangText(section, key).c_str()));
-}
-
-void ShowIf(const tvWnd& button, bool shown) {
-    ShowWindow(button.Handle(), shown ? SW_SHOWNA : SW_HIDE);
-}
-
-SIZE SizeOf(const tvWnd& window) {
-    RECT rect{};
-    GetWindowRect(window.Handle(), &rect);
-    return {rect.right - rect.left, rect.bottom - rect.top};
-}
 
 }  // namespace
 
@@ -67,10 +56,10 @@ bool CVMRTopDlg::OnInitDialog() {
 }
 
 void CVMRTopDlg::OnUpdateText() {
-    SetCaption(m_btnRename, u"file", u"modify_title");
-    SetCaption(m_btnSetPassword, u"file", u"setpwd_title");
-    SetCaption(m_btnSave, u"file", u"save");
-    SetCaption(m_btnMenu, u"global", u"main_menu");
+    SetText(m_btnRename, u"file", u"modify_title");
+    SetText(m_btnSetPassword, u"file", u"setpwd_title");
+    SetText(m_btnSave, u"file", u"save");
+    SetText(m_btnMenu, u"global", u"main_menu");
 }
 
 void CVMRTopDlg::OnUpdateState() {
@@ -83,14 +72,12 @@ void CVMRTopDlg::OnUpdateState() {
 
 // From the right edge. A save button that is hidden stays where it was.
 void CVMRTopDlg::OnLayout() {
-    RECT client{};
-    GetClientRect(m_hWnd, &client);
+    const RECT client = ClientOf(m_hWnd);
     const LONG gap = TheTheme().m_borderWidth;
     LONG right = client.right;
     const auto place = [&](const tvWnd& button) {
         right -= SizeOf(button).cx;
-        SetWindowPos(button.Handle(), nullptr, right, client.top, 0, 0,
-                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        MoveTo(button, static_cast<int>(right), static_cast<int>(client.top));
         right -= gap;
     };
     place(m_btnMenu);
@@ -129,16 +116,6 @@ void CVMRTopDlg::OnPaintDlg(HDC dc, const RECT& rect) {
     if (TheTheme().m_isSystemDefault) SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
     DrawTextW(dc, Wide(text.c_str()), static_cast<int>(text.size()), &place,
               DT_SINGLELINE | DT_VCENTER | DT_PATH_ELLIPSIS | DT_END_ELLIPSIS);
-}
-
-// With a fade from the last picture.
-bool CVMRTopDlg::PaintAnimated() {
-    if (GetUpdateRect(m_hWnd, nullptr, FALSE) == FALSE) return false;
-    const tvPaintDC paint(m_hWnd, m_font);
-    RECT rect{};
-    GetClientRect(m_hWnd, &rect);
-    PaintBuffered(m_hWnd, paint.m_dc, rect, nullptr, Fade::Yes);
-    return true;
 }
 
 // --- Messages ---
@@ -183,7 +160,7 @@ void CVMRTopDlg::FitToFont() const {
 LRESULT CVMRTopDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_PAINT:
-            if (PaintAnimated()) return 0;
+            if (PaintWindow(Fade::Yes)) return 0;  // from the last picture
             break;
         case WM_NOTIFY:
             if (GiveTip(lParam)) return 0;

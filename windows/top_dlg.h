@@ -38,7 +38,6 @@ public:
     CVMRTopButton m_btnMenu;
 
 private:
-    bool PaintAnimated();
     [[nodiscard]] static bool GiveTip(LPARAM lParam);
     static void OpenMenu(int x, int y, UINT flags);
     void OpenMenuBelow() const;

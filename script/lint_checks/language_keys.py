@@ -16,7 +16,9 @@ LANGUAGE_FILE = "resources/english.ini"
 RESERVED_FILE = "script/lint_checks/reserved_keys.txt"
 DEFAULT_SECTION = "global"
 TEXT = r'u"((?:\\.|[^"\\])*)"'
-ASKED = re.compile(r"\bLangText\s*\(\s*(?:" + TEXT + r"|\{\s*\}|tvstring\s*(?:\(\s*\)|\{\s*\}))\s*,\s*" + TEXT)
+# SetText, of windows/, gives a control such a text.
+CALL = r"\b(?:LangText\s*\(|SetText\s*\([^,()]*,)\s*"
+ASKED = re.compile(CALL + r"(?:" + TEXT + r"|\{\s*\}|tvstring\s*(?:\(\s*\)|\{\s*\}))\s*,\s*" + TEXT)
 
 
 def read_language_file(data):

@@ -319,6 +319,11 @@ class LanguageKeys(LintTest):
         self.ask('LangText(u"global", u"ok")', 'LangText(u"global", u"cancel")')
         self.assert_finds(language_keys, "[global] cancel", "database/a.cpp:2 asks for it")
 
+    def test_finds_a_key_that_a_control_is_given_and_missing(self):
+        self.write_language("[global]\nok = OK\n")
+        self.ask('SetText(m_okBtn, u"global", u"ok")', 'SetText(*this, u"global", u"cancel")')
+        self.assert_finds(language_keys, "[global] cancel", "database/a.cpp:2 asks for it")
+
     def test_finds_a_section_that_is_missing(self):
         self.write_language("[global]\nok = OK\n")
         self.ask('LangText({}, u"ok")', 'LangText(u"file", u"ok")')
