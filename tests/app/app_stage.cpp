@@ -75,6 +75,15 @@ HWND AppTest::Control(int id) const {
     return tvWnd::FindDescendant(Window(), id);
 }
 
+void AppTest::ExpectInTheMiddle(HWND dialog) const {
+    RECT outer{};
+    RECT inner{};
+    GetWindowRect(Window(), &outer);
+    GetWindowRect(dialog, &inner);
+    EXPECT_NEAR(inner.left + inner.right, outer.left + outer.right, 2);
+    EXPECT_NEAR(inner.top + inner.bottom, outer.top + outer.bottom, 2);
+}
+
 tvstring AppTest::InFolder(const char16_t* name) const {
     return JoinPath(m_Folder, name);
 }

@@ -31,6 +31,9 @@ protected:
     // A control of the main window or of one of its panes; null if there is none.
     [[nodiscard]] HWND Control(int id) const;
 
+    // A dialog stands over the middle of the main window.
+    void ExpectInTheMiddle(HWND dialog) const;
+
     [[nodiscard]] tvstring InFolder(const char16_t* name) const;
 
     // A database file, made without the window; the database of the application is closed afterwards.

@@ -207,12 +207,7 @@ TEST_F(MergeItemLook, ShowsAnAmpersandInANameAsItIs) {
 
 TEST_F(MergeItemLook, StandsInTheMiddleOfTheMainWindow) {
     Show();
-    RECT outer{};
-    RECT inner{};
-    GetWindowRect(Window(), &outer);
-    GetWindowRect(m_Dialog->Handle(), &inner);
-    EXPECT_NEAR(inner.left + inner.right, outer.left + outer.right, 2);
-    EXPECT_NEAR(inner.top + inner.bottom, outer.top + outer.bottom, 2);
+    ExpectInTheMiddle(m_Dialog->Handle());
 }
 
 TEST_F(MergeItemLook, LeavesNothingBehind) {

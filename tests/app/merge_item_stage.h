@@ -1,7 +1,7 @@
 // The dialog that merges two items, over the main window with a database of two items.
 #pragma once
 
-#include "tests/app/app_stage.h"
+#include "tests/app/dialog_stage.h"
 #include "tests/gui/sizes.h"
 #include "toolkit/control_state.h"
 #include "toolkit/rect.h"
@@ -20,13 +20,12 @@ inline std::string EntriesOf(const VMRD_Item& item) {
     return all;
 }
 
-class MergeItemTest : public AppTest {
+class MergeItemTest : public DialogTest<CVMRMergeItemDlg> {
 protected:
     static constexpr int kRadio1 = 2007;
     static constexpr int kRadio2 = 2008;
-    using Step = std::function<bool()>;
 
-    MergeItemTest() {
+    MergeItemTest() : DialogTest(kRadio1) {
         TheAppData().bShowPassword = 0;
         EXPECT_TRUE(TheDatabase().New(u"Database"));
         m_First = TheDatabase().m_Head;
@@ -64,31 +63,15 @@ protected:
         }
     }
 
-    // A dialog is used once: this is the next one.
     void Renew() {
-        m_Dialog = std::make_unique<CVMRMergeItemDlg>();
+        DialogTest::Renew();
         m_Dialog->m_Items = {m_First, m_Second};
     }
 
-    // Shows the dialog without its loop.
     void Show() const {
-        m_Dialog->BuildTemplate();
-        ASSERT_TRUE(m_Dialog->Create(Window()));
-        ShowWindow(m_Dialog->Handle(), SW_SHOW);
-        SetForegroundWindow(m_Dialog->Handle());
-        EXPECT_TRUE(PumpUntil([this] { return GetActiveWindow() == m_Dialog->Handle(); }));
+        DialogTest::Show();
         MoveMouseAway();
         Settle(m_Dialog->Handle());
-    }
-
-    // Runs the dialog and carries out the steps, the last of which ends it.
-    int Run(std::vector<Step> steps) const {
-        steps.insert(steps.begin(), [this] {
-            return m_Dialog->IsAttached() && FrontDialog() == m_Dialog->Handle() &&
-                   GetFocus() == Item(kRadio1);
-        });
-        const DuringModal during(std::move(steps));
-        return m_Dialog->RunModal();
     }
     [[nodiscard]] Step Clicking(int id) const {
         return [this, id] {
@@ -105,10 +88,8 @@ protected:
             return isChecked(id) && !isChecked(id == kRadio1 ? kRadio2 : kRadio1);
         };
     }
-    [[nodiscard]] HWND Item(int id) const { return GetDlgItem(m_Dialog->Handle(), id); }
     [[nodiscard]] RECT PlaceOf(int id) const { return PlaceInParent(Item(id)); }
 
     ItemElement* m_First = nullptr;
     ItemElement* m_Second = nullptr;
-    std::unique_ptr<CVMRMergeItemDlg> m_Dialog;
 };

@@ -1,14 +1,14 @@
 // The dialog for passwords over the main window.
 #pragma once
 
-#include "tests/app/app_stage.h"
+#include "tests/app/dialog_stage.h"
 #include "tests/gui/sizes.h"
 #include "toolkit/control_state.h"
 #include "toolkit/rect.h"
 #include "toolkit/theme.h"
 #include "windows/pass_gen_dlg.h"
 
-class PassGenTest : public AppTest {
+class PassGenTest : public DialogTest<CVMRPassGenDlg> {
 protected:
     static constexpr int kPassword = 2014;
     static constexpr int kMin = 2015;
@@ -20,38 +20,17 @@ protected:
     static constexpr int kDigits = 2022;
     static constexpr int kOther = 2023;
     static constexpr int kGenerate = 2024;
-    using Step = std::function<bool()>;
 
-    PassGenTest() {
+    PassGenTest() : DialogTest(kPassword) {
         Open();
         Renew();
     }
 
-    // A dialog is used once: this is the next one.
     void Renew(const tvstring& password = {}) {
-        m_Dialog = std::make_unique<CVMRPassGenDlg>();
+        DialogTest::Renew();
         m_Dialog->m_Password = password;
     }
 
-    // Shows the dialog without its loop, with the keyboard in the box for the password.
-    void Show() const {
-        m_Dialog->BuildTemplate();
-        ASSERT_TRUE(m_Dialog->Create(Window()));
-        ShowWindow(m_Dialog->Handle(), SW_SHOW);
-        SetForegroundWindow(m_Dialog->Handle());
-        EXPECT_TRUE(PumpUntil([this] { return GetFocus() == Item(kPassword); }));
-        Settle(m_Dialog->Handle());
-    }
-
-    // Runs the dialog and carries out the steps, the last of which ends it.
-    int Run(std::vector<Step> steps) const {
-        steps.insert(steps.begin(), [this] {
-            return m_Dialog->IsAttached() && FrontDialog() == m_Dialog->Handle() &&
-                   GetFocus() == Item(kPassword);
-        });
-        const DuringModal during(std::move(steps));
-        return m_Dialog->RunModal();
-    }
     // A step that does something.
     static Step Doing(std::function<void()> what) {
         return [what = std::move(what)] {
@@ -60,7 +39,6 @@ protected:
         };
     }
 
-    [[nodiscard]] HWND Item(int id) const { return tvWnd::FindDescendant(m_Dialog->Handle(), id); }
     [[nodiscard]] RECT PlaceOf(int id) const { return OuterPlace(Item(id)); }
     [[nodiscard]] tvstring Password() const { return TextOf(Item(kPassword)); }
     [[nodiscard]] bool IsChecked(int id) const {
@@ -82,6 +60,4 @@ protected:
         SendMessageW(Item(kGenerate), BM_CLICK, 0, 0);
         Settle(m_Dialog->Handle());
     }
-
-    std::unique_ptr<CVMRPassGenDlg> m_Dialog;
 };
