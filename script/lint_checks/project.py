@@ -23,7 +23,7 @@ SHELL_DATA = tuple(f"shell/{name}." for name in ("app", "app_data", "app_menus",
 WINDOWLESS = (*THEMES, *LOGIC, *SETTINGS)
 WINDOW_ROOMS = ("toolkit/", "windows/", "shell/")
 FOR_WINDOWS = ("platform/win32/", "platform/windows_api.h", "tests/app/", "tests/gui/", "tests/gallery/",
-               "tests/scenarios/")
+               "tests/golden/", "tests/scenarios/")
 
 
 def is_for_windows(path):

@@ -7,6 +7,7 @@
 //   --pictures FOLDER    writes one picture a theme into the folder, in a font that depends on no settings,
 //   and ends
 #include "tests/gallery/pictures.h"
+#include "tests/gui/pinned_font.h"
 #include "toolkit/app.h"
 #include "toolkit/theme.h"
 
@@ -37,29 +38,19 @@ Options ReadOptions(int count, const wchar_t* const* arguments) {
     return options;
 }
 
-void PinFont() {
-    LOGFONTW font{};
-    font.lfHeight = -12;
-    font.lfWeight = FW_NORMAL;
-    font.lfCharSet = DEFAULT_CHARSET;
-    font.lfQuality = ANTIALIASED_QUALITY;
-    lstrcpyW(font.lfFaceName, L"DejaVu Sans");
-    constexpr float kLarge = 1.45F;
-    TheTheme().SetFont(font, kLarge);
-}
-
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int) {
     constexpr int kBadArguments = 2;
     constexpr int kFailed = 1;
+    constexpr float kLarge = 1.45F;
     const Options options = ReadOptions(__argc, __wargv);
     const int theme = options.theme.empty() ? TheTheme().DefaultIndex() : TheTheme().FindTheme(options.theme);
     if (!options.good || theme < 0) return kBadArguments;
     tvBaseApp app;
     // Scroll boxes are not made under System Default.
     TheTheme().Apply(options.pictures.empty() ? theme : 0);
-    if (!options.pictures.empty()) PinFont();
+    if (!options.pictures.empty()) TheTheme().SetFont(PinnedFont(), kLarge);
     GalleryDialog gallery;
     app.m_mainWnd = &gallery;
     bool failed = false;
