@@ -2,8 +2,13 @@
 //
 // The control keeps its text in a block that grows and never shrinks, and what was deleted last in another
 // one, for undoing. Both are overwritten through the control, since it does not show them. Whatever it
-// replaces it may copy meanwhile and leave the copy behind: so the text is replaced unit by unit.
+// replaces it may copy meanwhile and leave the copy behind: so the text is replaced unit by unit. What it has
+// copied to break a long word into lines lies in blocks that it has freed by then.
 #include <algorithm>
+#include <array>
+#include <functional>
+#include <memory>
+#include <vector>
 
 #include "platform/memory.h"
 #include "toolkit/control_state.h"
@@ -37,6 +42,43 @@ bool WipeBlock(HWND window) {
     return true;
 }
 
+struct FreeToHeap {
+    void operator()(void* block) const noexcept { HeapFree(GetProcessHeap(), 0, block); }
+};
+using HeapBlock = std::unique_ptr<void, FreeToHeap>;
+
+constexpr std::size_t kMostBlocks = 4096;
+using BlockSizes = std::array<SIZE_T, kMostBlocks>;
+
+// The sizes of blocks that the heap has free. Nothing may be taken from it meanwhile.
+std::size_t FindFreeBlocks(BlockSizes& sizes) {
+    constexpr SIZE_T kLeast = 32;  // bytes
+    const HANDLE heap = GetProcessHeap();
+    std::size_t count = 0;
+    if (HeapLock(heap) == FALSE) return 0;
+    PROCESS_HEAP_ENTRY entry{};
+    while (count < sizes.size() && HeapWalk(heap, &entry) != FALSE) {
+        if (entry.wFlags == 0 && entry.cbData >= kLeast) sizes[count++] = entry.cbData;
+    }
+    HeapUnlock(heap);
+    return count;
+}
+
+// Takes all that the heap has free, the largest first, overwrites it and gives it back.
+void WipeFreeBlocks() {
+    std::vector<HeapBlock> taken;
+    taken.reserve(kMostBlocks);
+    BlockSizes sizes;
+    const std::size_t count = FindFreeBlocks(sizes);
+    std::sort(sizes.begin(), sizes.begin() + static_cast<std::ptrdiff_t>(count), std::greater<>());
+    for (std::size_t i = 0; i < count; ++i) {
+        HeapBlock block(HeapAlloc(GetProcessHeap(), 0, sizes[i]));
+        if (block == nullptr) continue;
+        platform::WipeMemory(block.get(), sizes[i]);
+        taken.push_back(std::move(block));
+    }
+}
+
 }  // namespace
 
 void tvEdit::NoteLength() {
@@ -44,6 +86,7 @@ void tvEdit::NoteLength() {
 }
 
 void tvEdit::Wipe() {
+    constexpr int kLong = 256;  // what is shorter is overwritten with the fillers
     if (!IsAttached()) return;
     NoteLength();
     m_wiping = true;
@@ -54,6 +97,7 @@ void tvEdit::Wipe() {
     if (isVisible) Send(WM_SETREDRAW, FALSE);
     if (!WipeBlock(m_hWnd)) OverwriteText(GetWindowTextLengthW(m_hWnd));
     OverwriteUndo(m_longest);
+    if (m_longest > kLong) WipeFreeBlocks();
     if (isVisible) Send(WM_SETREDRAW, TRUE);
     Send(EM_SETLIMITTEXT, limit);
     m_wiping = false;

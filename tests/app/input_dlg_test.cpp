@@ -155,6 +155,21 @@ TEST_F(InputDialog, OfManyLinesThatGaveItsTextLeavesNothingOfItBehind) {
     ForgetSecrets();
 }
 
+// The control tries out where to break it, on copies.
+TEST_F(InputDialog, OfManyLinesLeavesNothingOfOneLongWordBehind) {
+    for (const std::size_t length : {500, 3000}) {
+        ASSERT_EQ(CountSecrets(), 0);
+        Renew();
+        BeMultiLine();
+        Show();
+        Put(kEdit1, Secret(length).c_str());
+        EXPECT_GE(CountSecrets(), static_cast<int>(length / 26) - 3);
+        m_Dialog.reset();
+        EXPECT_EQ(CountSecrets(), 0) << length;
+        ForgetSecrets();
+    }
+}
+
 // --- The caret ---
 
 tvstring FortyLines() {
