@@ -396,8 +396,12 @@ void User::PointAt(Field field) const {
     RECT rect{};
     GetClientRect(RightPane(), &rect);
     MoveMouse(RightPane(), static_cast<int>(rect.right) / 3, place - 1);
-    MoveMouse(RightPane(), static_cast<int>(rect.right) / 3, place);
-    Require([&] { return HoverPlace() == place; }, "no button stands beside the field");
+    // Wine may take the mouse back to where it was; and all buttons have to be there, not only the first.
+    const auto areThere = [&] {
+        MoveMouse(RightPane(), static_cast<int>(rect.right) / 3, place);
+        return HoverPlace() == place && HasLetGo(RightPane());
+    };
+    Require(areThere, "no button stands beside the field");
 }
 
 HWND User::OpenDialogAt(Field field) const {
@@ -431,12 +435,18 @@ tvstring User::CopyField(Field field) const {
 
 void User::TogglePassword() const {
     PointAt(Field::Password);
-    Click(m_Program.Control(kShowPassword));
+    HWND button = m_Program.Control(kShowPassword);
+    Click(button);
+    // The mouse has to stay until the button is let go: it goes when the mouse does.
+    Require([button] { return HasKeyboard(button) && HasLetGo(button); }, "the button is not pressed");
 }
 
 void User::PointAtNothing() const {
-    MoveMouseAway();
-    Require([this] { return HoverPlace() < 0; }, "a button stays beside a field");
+    const auto isAlone = [this] {
+        MoveMouseAway();
+        return HoverPlace() < 0;
+    };
+    Require(isAlone, "a button stays beside a field");
 }
 
 void User::AddEntry(const tvstring& text) const {
