@@ -37,6 +37,14 @@ inline HWND FocusOf(const Program& program) {
     return info.hwndFocus;
 }
 
+// It has taken the mouse after a press, and has not let it go.
+inline bool HoldsMouse(const Program& program) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(GetWindowThreadProcessId(program.Main(), nullptr), &info);
+    return info.hwndCapture != nullptr;
+}
+
 // The list of the start page, of the items, and of the additional entries of the item that is shown.
 inline HWND RecentListOf(const Program& program) {
     return tvWnd::FindDescendant(GetParent(program.Control(kCreateButton)), kList);
