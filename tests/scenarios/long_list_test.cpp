@@ -1,106 +1,9 @@
 // A database of ten thousand items in the window.
-#include "foundation/conversion.h"
-#include "tests/scenarios/opened.h"
+#include "tests/scenarios/long_list_stage.h"
 
 namespace {
 
 using namespace opened;
-
-constexpr int kItems = 10000;
-constexpr int kWithWord = 20;  // every so many items have the word in their names
-
-tvstring NameOf(int index) {
-    std::string digits = std::to_string(index + 1);
-    digits.insert(0, 5 - digits.size(), '0');
-    std::string name = std::string("Item ").append(digits);
-    if (index % (kItems / kWithWord) == 0) name.append(" needle");
-    return FromUtf8(name);
-}
-
-tvstring UserOf(int index) {
-    return FromUtf8(std::string("user").append(std::to_string(index + 1)));
-}
-
-EntryElement* UserEntryOf(const ItemElement& item) {
-    EntryElement* entry = item.m_Head;
-    while (entry != nullptr && entry->m_Type != VMRD_T_USERNAME)
-        entry = entry->m_Next;
-    return entry;
-}
-
-class LongList : public Scenario, public testing::WithParamInterface<const char16_t*> {
-protected:
-    void SetUp() override {
-        Scenario::SetUp();
-        UseStoredTheme(GetParam());
-        m_Path = InFolder(u"long.VMR");
-        MakeLongDatabase();
-        ASSERT_FALSE(HasFatalFailure());
-        ASSERT_NE(m_Program.StartAsking(m_Path), nullptr);
-        Unlock(m_Program, u"secret");
-        ASSERT_TRUE(WaitUntilOpen(m_Program));
-        m_List = ItemListOf(m_Program);
-        ASSERT_TRUE(HasRows(kItems));
-        ASSERT_NO_FATAL_FAILURE(GoToList());
-    }
-
-    void MakeLongDatabase() const {
-        VMRD_DB database;
-        database.MakeCurrent();
-        ASSERT_TRUE(database.New(u"Long"));
-        while (database.m_Count < kItems)
-            ASSERT_NE(database.AddNewItem(&database), nullptr);
-        int index = 0;
-        for (ItemElement* item = database.m_Head; item != nullptr; item = item->m_Next, ++index) {
-            item->m_Name = NameOf(index);
-            UserEntryOf(*item)->m_Text = UserOf(index);
-        }
-        database.SetPath(m_Path);
-        database.SetMasterPassword(u"secret");
-        ASSERT_TRUE(database.Save());
-    }
-
-    [[nodiscard]] bool HasRows(int rows) const {
-        return PumpUntil([&] { return RowsOf(m_List) == rows; }, kLongLimit);
-    }
-    [[nodiscard]] bool HasSelected(int rows) const {
-        const bool has = PumpUntil([&] { return SelectedIn(m_List) == rows; }, kLongLimit);
-        EXPECT_TRUE(has) << "selected: " << SelectedIn(m_List) << " of " << RowsOf(m_List);
-        return has;
-    }
-    [[nodiscard]] bool HasTop(int row) const {
-        return PumpUntil([&] { return TopOf(m_List) == row; }, kLongLimit);
-    }
-    [[nodiscard]] int RowHeight() const { return Ask(m_List, LB_GETITEMHEIGHT); }
-    // The top row when the last one stands at the bottom.
-    [[nodiscard]] int LastTop() const {
-        RECT client{};
-        GetClientRect(m_List, &client);
-        return kItems - static_cast<int>(client.bottom) / RowHeight();
-    }
-
-    // Into the search box, from elsewhere: what stands in it is selected then.
-    void SearchFor(std::u16string_view text) const {
-        HWND box = m_Program.Control(kSearchBox);
-        Click(box);
-        ASSERT_TRUE(PumpUntil([&] { return FocusOf(m_Program) == box; }));
-        if (text.empty())
-            Type(VK_DELETE);
-        else
-            TypeText(text);
-        ASSERT_TRUE(PumpUntil([&] { return TextOf(box).view() == text; }, kLongLimit));
-    }
-    // By its first row that is seen, which is then the only one that is selected.
-    void GoToList() const {
-        Click(m_List, 5, RowHeight() / 2);
-        ASSERT_TRUE(PumpUntil([this] { return FocusOf(m_Program) == m_List; }));
-        MoveMouseAway();
-    }
-
-    tvstring m_Path;
-    Program m_Program;
-    HWND m_List = nullptr;
-};
 
 TEST_P(LongList, ScrollsByTheWheel) {
     ASSERT_TRUE(HasTop(0));
@@ -116,26 +19,64 @@ TEST_P(LongList, ScrollsByTheWheel) {
     EXPECT_EQ(SelectedIn(m_List), 1) << "the selection stays";
 }
 
-// The thumb has its least length here, and stands below the upper arrow.
+// The bar of a list on the display: its middle, its ends and the middle of its thumb. What GetScrollBarInfo
+// tells of another process's list is nothing under Wine, so the thumb is looked for: it has another colour
+// than the track, and stands below the upper arrow.
+struct Bar {
+    int x;
+    int top;
+    int bottom;
+    int thumb;
+};
+
+Bar BarOf(HWND list) {
+    RECT room{};
+    GetClientRect(list, &room);
+    MapWindowPoints(list, nullptr, reinterpret_cast<POINT*>(&room), 2);
+    Bar bar{static_cast<int>(room.right) + GetSystemMetrics(SM_CXVSCROLL) / 2, static_cast<int>(room.top),
+            static_cast<int>(room.bottom), 0};
+    int first = bar.top + GetSystemMetrics(SM_CYVSCROLL);
+    int behind = first;
+    const auto isThere = [&] {
+        const Picture display(GetDesktopWindow());
+        const COLORREF track = display.At(bar.x, (bar.top + bar.bottom) / 2);
+        const auto isTrack = [&](int y) { return y >= bar.bottom || display.At(bar.x, y) == track; };
+        for (first = bar.top + GetSystemMetrics(SM_CYVSCROLL); first < bar.bottom && isTrack(first);)
+            ++first;
+        for (behind = first; !isTrack(behind);)
+            ++behind;
+        return behind - first >= 3 && behind < (bar.top + bar.bottom) / 2;
+    };
+    EXPECT_TRUE(PumpUntil(isThere)) << "the bar has no thumb";
+    bar.thumb = (first + behind) / 2;
+    return bar;
+}
+
+void MoveOnDisplay(int x, int y) {
+    MoveMouse(GetDesktopWindow(), x, y);
+}
+
 TEST_P(LongList, ScrollsByTheThumb) {
-    if (GetParam()[0] == u'S') GTEST_SKIP() << "where the system's own thumb is, is not known here";
-    HWND host = GetParent(m_List);
-    RECT client{};
-    GetClientRect(host, &client);
-    const int x = static_cast<int>(client.right) - GetSystemMetrics(SM_CXVSCROLL) / 2;
+    constexpr int kSteps = 8;
+    // The system's own thumb goes back to where it was once the mouse is far from the bar.
+    const int beyond = GetParam()[0] == u'S' ? 0 : 50;
+    const Bar bar = BarOf(m_List);
     const int arrow = GetSystemMetrics(SM_CYVSCROLL);
-    const int y = arrow + GetSystemMetrics(SM_CYVTHUMB) / 2;
-    const int bottom = static_cast<int>(client.bottom);
-    MoveMouse(host, x, y);
+    const int way = bar.bottom - arrow - (bar.thumb - bar.top - arrow) - bar.thumb;
+    MoveOnDisplay(bar.x, bar.thumb);
     Press();
-    MoveMouse(host, x, bottom / 2);
-    EXPECT_TRUE(PumpUntil([this] { return std::abs(TopOf(m_List) - kItems / 2) < kItems / 20; }))
-        << "it follows the mouse: " << TopOf(m_List);
-    MoveMouse(host, x, bottom + 50);
+    ASSERT_TRUE(PumpUntil([this] { return HoldsMouse(m_Program); })) << "the thumb cannot be taken";
+    for (int step = 1; step < kSteps; ++step) {
+        MoveOnDisplay(bar.x, bar.thumb + way * step / kSteps);
+        const int row = LastTop() * step / kSteps;
+        EXPECT_TRUE(PumpUntil([&] { return std::abs(TopOf(m_List) - row) < kItems / 50; }))
+            << "it follows the mouse: " << TopOf(m_List) << " in place of " << row;
+    }
+    MoveOnDisplay(bar.x, bar.bottom + beyond);
     EXPECT_TRUE(HasTop(LastTop())) << TopOf(m_List);
-    MoveMouse(host, x, -50);
+    MoveOnDisplay(bar.x, bar.top - beyond);
     EXPECT_TRUE(HasTop(0)) << TopOf(m_List);
-    MoveMouse(host, x, bottom + 50);
+    MoveOnDisplay(bar.x, bar.bottom + beyond);
     Release();
     EXPECT_TRUE(HasTop(LastTop())) << TopOf(m_List);
     EXPECT_EQ(SelectedIn(m_List), 1) << "the selection stays";
@@ -181,9 +122,6 @@ TEST_P(LongList, IsSearchedWithEachCharacter) {
     EXPECT_TRUE(HasRows(kItems)) << RowsOf(m_List);
 }
 
-INSTANTIATE_TEST_SUITE_P(Themes, LongList, testing::Values(u"Light", u"System Default"),
-                         [](const auto& theme) {
-                             return std::string(theme.param[0] == u'S' ? "SystemDefault" : "Light");
-                         });
+INSTANTIATE_TEST_SUITE_P(Themes, LongList, testing::ValuesIn(kLongListThemes), NameOfLongListTheme);
 
 }  // namespace

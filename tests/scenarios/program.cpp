@@ -139,7 +139,7 @@ PROCESS_INFORMATION CreateProcessOf(const tvstring& program, const tvstring& arg
 
 }  // namespace
 
-bool TypeWithControl(WORD key, const std::function<bool()>& effect) {
+bool TypeWithControl(WORD key, const std::function<bool()>& effect, int limit) {
     constexpr int kTries = 3;
     constexpr int kSoon = 2000;
     for (int i = 0; i < kTries; ++i) {
@@ -151,7 +151,7 @@ bool TypeWithControl(WORD key, const std::function<bool()>& effect) {
         KeyDown(VK_CONTROL);
         KeyDown(key);
         KeyUp(key);
-        const bool isOver = PumpUntil(isSettled);
+        const bool isOver = PumpUntil(isSettled, limit);
         const bool hasCome = isLost ? PumpUntil(effect, kSoon) : isOver;
         KeyUp(VK_CONTROL);
         if (hasCome || !isLost) return hasCome;

@@ -73,7 +73,7 @@ private:
 // Types a key with Ctrl until what it is to bring about is there; false if that does not come. On a busy
 // machine a window that comes to the front late may let go of Ctrl before the program has seen it: only if
 // Ctrl is lost the key is typed again.
-bool TypeWithControl(WORD key, const std::function<bool()>& effect);
+bool TypeWithControl(WORD key, const std::function<bool()>& effect, int limit = kWaitLimit);
 
 tvstring TextOf(HWND window);
 
