@@ -33,13 +33,22 @@ protected:
     }
     static COLORREF Ground() { return TheTheme().Color(&tvColorTheme::m_base, COLOR_BTNFACE); }
 
+    // There is something on the ground, and the ground is there.
+    static void ExpectWords(HWND window, COLORREF ground = Ground(), int atLeast = 200) {
+        constexpr int kShare = 8;
+        const RECT client = ClientOf(window);
+        const int ink = Ink(window, ground);
+        EXPECT_GT(ink, atLeast);
+        EXPECT_LT(ink, static_cast<int>(client.right * client.bottom) / kShare);
+    }
+
     template <typename Dialog>
-    int InkOf(Dialog& dialog) const {
+    void ExpectWordsIn(Dialog& dialog) const {
         dialog.BuildTemplate();
-        EXPECT_TRUE(dialog.Create(Window()));
+        ASSERT_TRUE(dialog.Create(Window()));
         ShowWindow(dialog.Handle(), SW_SHOW);
         MoveMouseAway();
-        return Ink(dialog.Handle(), Ground());
+        ExpectWords(dialog.Handle());
     }
 };
 
@@ -50,34 +59,32 @@ INSTANTIATE_TEST_SUITE_P(Themes, OwnPaint, testing::Values(u"Light", u"Dark", u"
                              return name;
                          });
 
-constexpr int kSomeWords = 200;  // pixels
-
 TEST_P(OwnPaint, IsThereInDialogs) {
     Open();
     CVMRAboutDlg about;
-    EXPECT_GT(InkOf(about), kSomeWords);
+    ExpectWordsIn(about);
     CVMRInputDlg input;
     input.m_Info = u"What is to be entered here";
-    EXPECT_GT(InkOf(input), kSomeWords);
+    ExpectWordsIn(input);
     CVMRPassGenDlg passwords;
-    EXPECT_GT(InkOf(passwords), kSomeWords);
+    ExpectWordsIn(passwords);
     CVMRMergeItemDlg merge;
     merge.m_Items = {&Item(), &Item()};
-    EXPECT_GT(InkOf(merge), kSomeWords);
+    ExpectWordsIn(merge);
 }
 
 TEST_P(OwnPaint, IsThereInPanes) {
     OpenPane();
-    EXPECT_GT(Ink(PaneWindow(), Ground()), kSomeWords);
+    ExpectWords(PaneWindow());
     Main().OnAppNotify(APPN_TOPBAR, 0, 0, 0);
-    EXPECT_GT(Ink(Main().m_topDlg.Handle(), TheTheme().Color(&tvColorTheme::m_button, COLOR_WINDOW)), 20);
+    ExpectWords(Main().m_topDlg.Handle(), TheTheme().Color(&tvColorTheme::m_button, COLOR_WINDOW), 20);
 }
 
 TEST_P(OwnPaint, IsThereOnTheStartPage) {
     TheDatabase().Reset();
     TheAppData().AddRecent(u"C:\\gone\\1.vmr", u"Name");
     Open();
-    EXPECT_GT(Ink(Main().m_startDlg.Handle(), Ground()), kSomeWords);
+    ExpectWords(Main().m_startDlg.Handle());
 }
 
 // A window that has nothing of its own has an even ground.
