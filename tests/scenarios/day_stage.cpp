@@ -44,6 +44,18 @@ void DayStage::StartWith(Program& program, const char16_t* name, const Content& 
     OpenFile(program, InFolder(name));
 }
 
+u64 DayStage::LookOfDetails() const {
+    m_User.PointAtNothing();
+    u64 look = 0;
+    const auto isTheSame = [&] {
+        RedrawWindow(m_User.RightPane(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        const u64 before = std::exchange(look, LookOf(m_User.RightPane()));
+        return look == before;
+    };
+    Require(isTheSame, "the item is painted again and again");
+    return look;
+}
+
 Content DayStage::SavedContent() {
     return SavedContent(m_Program, m_User, kFile);
 }

@@ -18,6 +18,9 @@ protected:
     void StartWith(Program& program, const char16_t* name, const Content& content) const;
     static void GiveRoom(const Program& program, const RECT& place);
 
+    // How the item that is shown looks once all is painted and the mouse is elsewhere.
+    [[nodiscard]] u64 LookOfDetails() const;
+
     // Saves, quits and reads the file.
     Content SavedContent();
     Content SavedContent(Program& program, const User& user, const char16_t* name) const;
