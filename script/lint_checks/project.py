@@ -22,7 +22,7 @@ SHELL_DATA = tuple(f"shell/{name}." for name in ("app", "app_data", "app_menus",
 # What needs no window; of the rooms above, all else is for Windows alone.
 WINDOWLESS = (*THEMES, *LOGIC, *SETTINGS)
 WINDOW_ROOMS = ("toolkit/", "windows/", "shell/")
-FOR_WINDOWS = ("platform/win32/", "platform/windows_api.h", "tests/app/", "tests/gui/", "tests/gallery/",
+FOR_WINDOWS = ("platform/win32/", "platform/windows_api.h", "tests/app/", "tests/bench/plain_copy.", "tests/gui/", "tests/gallery/",
                "tests/golden/", "tests/scenarios/")
 
 

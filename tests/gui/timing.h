@@ -1,6 +1,8 @@
 // How long something takes, in milliseconds.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdio>
 #include <string>
 
