@@ -22,8 +22,8 @@ SHELL_DATA = tuple(f"shell/{name}." for name in ("app", "app_data", "app_menus",
 # What needs no window; of the rooms above, all else is for Windows alone.
 WINDOWLESS = (*THEMES, *LOGIC, *SETTINGS)
 WINDOW_ROOMS = ("toolkit/", "windows/", "shell/")
-FOR_WINDOWS = ("platform/win32/", "platform/windows_api.h", "tests/app/", "tests/bench/plain_copy.", "tests/gui/", "tests/gallery/",
-               "tests/golden/", "tests/scenarios/")
+FOR_WINDOWS = ("platform/win32/", "platform/windows_api.h", "tests/app/", "tests/bench/plain_copy.", "tests/gallery/",
+               "tests/golden/", "tests/gui/", "tests/scenarios/")
 
 
 def is_for_windows(path):
