@@ -50,7 +50,10 @@ protected:
 
     [[nodiscard]] HWND TopPane() const { return GetParent(m_Program.Control(opened::kSaveButton)); }
     [[nodiscard]] HWND LeftPane() const {
-        return GetParent(GetParent(m_Program.Control(opened::kSearchBox)));
+        HWND pane = m_Program.Control(opened::kSearchBox);
+        while (GetParent(pane) != m_Program.Main())
+            pane = GetParent(pane);
+        return pane;
     }
     [[nodiscard]] HWND StartPane() const { return GetParent(m_Program.Control(opened::kCreateButton)); }
 

@@ -67,10 +67,21 @@ protected:
         Click(List(), 20, RowMiddle(row));
         MoveMouseAway();
     }
+    // With the keyboard alone.
+    void GoToRow(int row) const {
+        for (int i = 0; i < 5 && FocusOf(m_Program) != List(); ++i) {
+            HWND before = FocusOf(m_Program);
+            Type(VK_TAB);
+            ASSERT_TRUE(PumpUntil([&] { return FocusOf(m_Program) != before; }));
+        }
+        Type(VK_HOME);
+        for (int i = 0; i < row; ++i)
+            Type(VK_DOWN);
+        ASSERT_TRUE(PumpUntil([&] { return Ask(List(), LB_GETCURSEL) == row; }));
+    }
     // The menu of the list, with this row as the current one.
     void OpenMenuAt(int row) const {
-        PostMessageW(List(), LB_SETCURSEL, static_cast<WPARAM>(row), 0);
-        ASSERT_TRUE(PumpUntil([&] { return Ask(List(), LB_GETCURSEL) == row; }));
+        GoToRow(row);
         Click(List(), 20, RowMiddle(row), MouseButton::Right);
         ASSERT_NE(m_Program.WaitForMenu(), nullptr);
     }
@@ -150,14 +161,7 @@ TEST_P(StartPage, OpensARowByTheKeyboard) {
     MakeHistory(3);
     ASSERT_TRUE(m_Program.Start());
     ASSERT_TRUE(HasRows(3));
-    for (int i = 0; i < 5 && FocusOf(m_Program) != List(); ++i) {
-        HWND before = FocusOf(m_Program);
-        Type(VK_TAB);
-        ASSERT_TRUE(PumpUntil([&] { return FocusOf(m_Program) != before; }));
-    }
-    Type(VK_HOME);
-    Type(VK_DOWN);
-    ASSERT_TRUE(PumpUntil([this] { return Ask(List(), LB_GETCURSEL) == 1; }));
+    GoToRow(1);
     Type(VK_RETURN);
     Unlock(m_Program, u"secret");
     ASSERT_TRUE(WaitUntilOpen(m_Program));

@@ -404,9 +404,22 @@ void User::PointAt(Field field) const {
     Require(areThere, "no button stands beside the field");
 }
 
+// The mouse is at the field each time: a button that has gone meanwhile is nowhere to be clicked.
+void User::ClickBesideUntil(Field field, int button, const std::function<bool()>& condition,
+                            const char* what) const {
+    constexpr int kTries = 3;
+    for (int i = 0; i < kTries && !condition(); ++i) {
+        PointAt(field);
+        Click(m_Program.Control(button));
+        PumpUntil(condition, kWaitLimit / 2);
+    }
+    Require(condition, what);
+}
+
 HWND User::OpenDialogAt(Field field) const {
-    PointAt(field);
-    return OpenDialogBy(m_Program.Control(kModify));
+    ClickBesideUntil(
+        field, kModify, [this] { return m_Program.Dialog() != nullptr; }, "nothing is asked");
+    return WaitForDialog();
 }
 
 void User::Modify(Field field, std::u16string_view text) const {
@@ -428,8 +441,7 @@ tvstring User::GeneratePassword() const {
 
 tvstring User::CopyField(Field field) const {
     ClearClipboard();
-    PointAt(field);
-    ClickUntil(m_Program.Control(kCopy), IsTextOnTheClipboard, "no text is copied");
+    ClickBesideUntil(field, kCopy, IsTextOnTheClipboard, "no text is copied");
     return ClipboardText();
 }
 

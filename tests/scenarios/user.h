@@ -89,6 +89,8 @@ private:
     void PressOk(HWND dialog) const;
     [[nodiscard]] HWND OpenDialogAt(Field field) const;
     void PointAt(Field field) const;
+    void ClickBesideUntil(Field field, int button, const std::function<bool()>& condition,
+                          const char* what) const;
     [[nodiscard]] int HoverPlace() const;
     void FindFields() const;
     void Sweep(int moment) const;
