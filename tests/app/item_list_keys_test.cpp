@@ -176,7 +176,24 @@ TEST_P(ItemMenu, OffersWhatTheSelectionAllows) {
     EXPECT_EQ(EnabledOf(TheAppData().itemMenu), GetParam().enabled);
 }
 
-using ItemListMenu = ItemListKeys;
+class ItemListMenu : public ItemListKeys {
+protected:
+    // After what the user does.
+    void ExpectMenuAboveTheButton(const std::function<void()>& action) {
+        RECT button{};
+        GetWindowRect(Pane().m_menuBtn.Handle(), &button);
+        WithItemMenu(
+            [&](const RECT& place) {
+                EXPECT_EQ(place.left, button.left);
+                EXPECT_EQ(place.bottom, button.top);
+            },
+            action);
+    }
+
+    void AskForMenu(const tvWnd& window) {
+        window.Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(ListWindow()), -1);
+    }
+};
 
 TEST_F(ItemListMenu, OffersPasteForItemsOnTheClipboard) {
     OpenWith({u"a"});
@@ -216,39 +233,18 @@ TEST_F(ItemListMenu, WhatIsChosenIsDone) {
 
 TEST_F(ItemListMenu, TheMenuKeyOpensItAboveTheButton) {
     OpenWith({u"a", u"b"});
-    RECT button{};
-    GetWindowRect(Pane().m_menuBtn.Handle(), &button);
-    WithItemMenu(
-        [&](const RECT& place) {
-            EXPECT_EQ(place.left, button.left);
-            EXPECT_EQ(place.bottom, button.top);
-        },
-        [this] { Pane().Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(ListWindow()), -1); });
+    ExpectMenuAboveTheButton([this] { AskForMenu(Pane()); });
 }
 
 // From the list, through the box around it.
 TEST_F(ItemListMenu, TheKeyForMenusInTheListOpensItAboveTheButton) {
     OpenWith({u"a", u"b"});
-    RECT button{};
-    GetWindowRect(Pane().m_menuBtn.Handle(), &button);
-    WithItemMenu(
-        [&](const RECT& place) {
-            EXPECT_EQ(place.left, button.left);
-            EXPECT_EQ(place.bottom, button.top);
-        },
-        [this] { List().Send(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(ListWindow()), -1); });
+    ExpectMenuAboveTheButton([this] { AskForMenu(List()); });
 }
 
 TEST_F(ItemListMenu, TheButtonOpensItAboveItself) {
     OpenWith({u"a", u"b"});
-    RECT button{};
-    GetWindowRect(Pane().m_menuBtn.Handle(), &button);
-    WithItemMenu(
-        [&](const RECT& place) {
-            EXPECT_EQ(place.left, button.left);
-            EXPECT_EQ(place.bottom, button.top);
-        },
-        [this] { Click(Pane().m_menuBtn.Handle()); });
+    ExpectMenuAboveTheButton([this] { Click(Pane().m_menuBtn.Handle()); });
 }
 
 TEST_F(ItemListMenu, DoesNotOpenForAPointOutsideOfTheList) {
