@@ -39,6 +39,7 @@ bool IsPainted(HWND window) {
 
 Milliseconds StartOf(const char16_t* name, const char16_t* arguments) {
     constexpr DWORD kLimit = 20000;
+    constexpr DWORD kPause = 2;  // so that the looking takes no time from what is looked at
     tvstring command = u"\"";
     command.append(ProgramPath(name)).append(u"\" ").append(arguments);
     STARTUPINFOW start{};
@@ -50,8 +51,10 @@ Milliseconds StartOf(const char16_t* name, const char16_t* arguments) {
         return -1;
     WaitForInputIdle(process.hProcess, kLimit);
     Search search{process.dwProcessId, nullptr};
-    while ((search.found == nullptr || !IsPainted(search.found)) && Now() - from < kLimit)
+    while ((search.found == nullptr || !IsPainted(search.found)) && Now() - from < kLimit) {
+        Sleep(kPause);
         EnumWindows(LookForWindow, reinterpret_cast<LPARAM>(&search));
+    }
     const Milliseconds taken = search.found == nullptr ? -1 : Now() - from;
     PostMessageW(search.found, WM_CLOSE, 0, 0);
     if (WaitForSingleObject(process.hProcess, kLimit) != WAIT_OBJECT_0) TerminateProcess(process.hProcess, 1);
