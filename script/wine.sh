@@ -44,8 +44,21 @@ on_display() {
     if [ -n "${display_process:-}" ]; then "$@"; else xvfb-run -a -s "-screen 0 1280x900x24" "$@"; fi
 }
 
-# beside COMMAND...: runs it in a second prefix, on a display of its own: another computer with another user.
-beside() { WINEPREFIX=$WINEPREFIX-second xvfb-run -a -s "-screen 0 1280x900x24" "$@"; }
+# Programs and Wine's server talk thousands of times while windows come and paint themselves. On two processors each
+# sleeps meanwhile, and on a virtual machine the waking takes many times longer than what is asked for.
+processors=$(taskset -cp $$ | sed 's/.*: //')  # those there are for us, as 0-3,6
+
+# share_one_processor: from here on all that is started is on the first of them.
+share_one_processor() { taskset -cp "${processors%%[-,]*}" $$ >/dev/null; }
+
+# use_all_processors: ends that.
+use_all_processors() { taskset -cp "$processors" $$ >/dev/null; }
+
+# beside COMMAND...: runs it on the last of them, in a second prefix, on a display of its own: another computer with
+# another user.
+beside() {
+    WINEPREFIX=$WINEPREFIX-second taskset -c "${processors##*[-,]}" xvfb-run -a -s "-screen 0 1280x900x24" "$@"
+}
 
 # make_second_prefix: for `beside`. Its server ends, so that the next one is on that display from the start.
 make_second_prefix() {
