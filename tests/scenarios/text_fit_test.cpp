@@ -13,8 +13,8 @@ using namespace opened;
 constexpr std::size_t kLong = 900;
 constexpr unsigned long long kDate = 130000000000000000;
 
-// A letter that has ink over all of its height, and is drawn no wider than it is measured: in the sizes of these
-// tests Wine draws other letters wider, and cuts texts of them that fit by its own measure.
+// A letter that has ink over all of its height, and is drawn no wider than it is measured: in the sizes of
+// these tests Wine draws other letters wider, and cuts texts of them that fit by its own measure.
 tvstring LongText() {
     return tvstring(kLong, u'l');
 }
@@ -89,7 +89,8 @@ protected:
         Open(path);
     }
 
-    // One of the two. By the keyboard: over the row of a long text stands its tip, and Wine takes a click on that for lost.
+    // One of the two. By the keyboard: over the row of a long text stands its tip, and Wine takes a click on
+    // that for lost.
     void SelectItem(int row) const {
         HWND list = ItemListOf(m_Program);
         const int height = Ask(list, LB_GETITEMHEIGHT);

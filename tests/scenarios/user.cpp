@@ -395,8 +395,8 @@ void User::PointAt(Field field) const {
     const int place = m_Fields[static_cast<std::size_t>(field)];
     RECT rect{};
     GetClientRect(RightPane(), &rect);
-    // No hand is quite still: the buttons go where the item is painted anew, and come with the next move. And all
-    // of them have to be there, not only the first.
+    // No hand is quite still: the buttons go where the item is painted anew, and come with the next move. And
+    // all of them have to be there, not only the first.
     int tremble = 0;
     const auto areThere = [&] {
         MoveMouse(RightPane(), static_cast<int>(rect.right) / 3 + (tremble++ % 2), place);
