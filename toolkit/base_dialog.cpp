@@ -88,10 +88,8 @@ bool tvBaseDlg::OnOwnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT
         case WM_DPICHANGED:
             return true;
         case WM_ERASEBKGND:
-            result = 1;
-            return colored && wParam != 0;
         case WM_PAINT:
-            return colored && PaintWindow();
+            return colored && AnswerPaint(message, wParam, result);
         case WM_SYSCOLORCHANGE:
             if (PointerOf<tvTheme>(lParam) != &TheTheme()) return false;
             OnThemeChanged(lParam);
@@ -123,6 +121,11 @@ bool tvBaseDlg::PaintWindow(Fade fade) {
     GetClientRect(m_hWnd, &rect);
     PaintBuffered(m_hWnd, paint.m_dc, rect, nullptr, fade);
     return true;
+}
+
+bool tvBaseDlg::AnswerPaint(UINT message, WPARAM wParam, LRESULT& result) {
+    result = message == WM_ERASEBKGND ? 1 : 0;
+    return message == WM_ERASEBKGND ? wParam != 0 : message == WM_PAINT && PaintWindow();
 }
 
 void tvBaseDlg::OnThemeChanged(LPARAM theme) {

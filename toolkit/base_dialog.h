@@ -37,6 +37,10 @@ protected:
     // nothing to paint.
     bool PaintWindow(Fade fade = Fade::No);
 
+    // Paints and erases whatever the theme is, where a dialog does so under System Default as well. False if
+    // the message is another one, or there is nothing to paint.
+    bool AnswerPaint(UINT message, WPARAM wParam, LRESULT& result);
+
 private:
     bool OnOwnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     void AfterMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);

@@ -203,13 +203,9 @@ void tvMessageBox::OnCountDown() {
 // --- Messages ---
 
 LRESULT tvMessageBox::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    LRESULT result = 0;
+    if (AnswerPaint(message, wParam, result)) return result;
     switch (message) {
-        case WM_ERASEBKGND:
-            if (wParam != 0) return 1;
-            break;
-        case WM_PAINT:
-            if (PaintWindow()) return 0;
-            break;
         case WM_COMMAND:
             if (OnCommand(LOWORD(wParam))) return 0;
             break;

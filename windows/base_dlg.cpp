@@ -20,16 +20,8 @@ bool CVMRBaseDlg::OnInitDialog() {
 }
 
 LRESULT CVMRBaseDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_ERASEBKGND:
-            if (wParam != 0) return 1;
-            break;
-        case WM_PAINT:
-            if (PaintWindow()) return 0;
-            break;
-        default:
-            break;
-    }
+    LRESULT result = 0;
+    if (AnswerPaint(message, wParam, result)) return result;
     return tvBaseDlg::WindowProc(message, wParam, lParam);
 }
 
