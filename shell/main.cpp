@@ -21,6 +21,7 @@ void RunMainWindow() {
     TheApp().m_mainWnd = window;
     window->BuildTemplate();
     window->DoModal();
+    TheApp().m_mainWnd = nullptr;
     window->~CVMRDlg();
 }
 

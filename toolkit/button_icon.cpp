@@ -2,23 +2,9 @@
 
 #include <utility>
 
+#include "toolkit/icon_size.h"
 #include "toolkit/statics.h"
 #include "toolkit/theme.h"
-
-namespace {
-
-SIZE SizeOfIcon(HICON icon) {
-    ICONINFO info{};
-    if (icon == nullptr || !GetIconInfo(icon, &info)) return {0, 0};
-    const tvBitmapHandle color(info.hbmColor);
-    const tvBitmapHandle mask(info.hbmMask);
-    BITMAP bitmap{};
-    GetObjectW(color ? color.Get() : mask.Get(), sizeof bitmap, &bitmap);
-    // Without colours the mask holds two pictures, one above the other.
-    return {bitmap.bmWidth, color ? bitmap.bmHeight : bitmap.bmHeight / 2};
-}
-
-}  // namespace
 
 tvButton_Icon::~tvButton_Icon() {
     Detach(Window::Destroy);
@@ -39,7 +25,7 @@ LRESULT tvButton_Icon::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 // Gives the icon before.
 LRESULT tvButton_Icon::SetIcon(HICON icon) {
     const HICON old = std::exchange(m_icon, icon);
-    const SIZE size = SizeOfIcon(icon);
+    const SIZE size = IconSize(icon);
     m_iconWidth = size.cx;
     m_iconHeight = size.cy;
     SyncStyle();

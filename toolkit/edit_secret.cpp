@@ -47,12 +47,13 @@ struct FreeToHeap {
 };
 using HeapBlock = std::unique_ptr<void, FreeToHeap>;
 
+constexpr int kLong = 256;  // units; what is shorter is overwritten with the fillers
 constexpr std::size_t kMostBlocks = 4096;
 using BlockSizes = std::array<SIZE_T, kMostBlocks>;
 
 // The sizes of blocks that the heap has free. Nothing may be taken from it meanwhile.
 std::size_t FindFreeBlocks(BlockSizes& sizes) {
-    constexpr SIZE_T kLeast = 32;  // bytes
+    constexpr SIZE_T kLeast = kLong * sizeof(char16_t);  // smaller ones are no copies of a long text
     const HANDLE heap = GetProcessHeap();
     std::size_t count = 0;
     if (HeapLock(heap) == FALSE) return 0;
@@ -86,7 +87,6 @@ void tvEdit::NoteLength() {
 }
 
 void tvEdit::Wipe() {
-    constexpr int kLong = 256;  // what is shorter is overwritten with the fillers
     if (!IsAttached()) return;
     NoteLength();
     m_wiping = true;

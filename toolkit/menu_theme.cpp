@@ -120,8 +120,8 @@ bool tvMenu::CopyPopup(const MENUITEMINFOW& item, const tvstring& text) {
 
 // The system keeps the size of a row that was measured here, also when it is to paint the row itself.
 void tvMenu::FollowTheme() {
-    if (m_hMenu == nullptr || m_plainItems != 0) return;
-    if (!IsOwnerDraw()) {
+    if (m_hMenu == nullptr) return;
+    if (m_plainItems == 0 && !IsOwnerDraw()) {
         const bool wasOwnerDraw = (TypeOf(m_hMenu, 0) & MFT_OWNERDRAW) != 0;
         // The brush of the former theme is no more.
         if (!wasOwnerDraw || !Rebuild()) SetBackground(m_hMenu, nullptr);

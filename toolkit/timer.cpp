@@ -12,14 +12,15 @@ constexpr UINT_PTR kLargestId = 0x8000'0000;
 
 using Key = std::pair<UINT_PTR, HWND>;
 
-// All timers that run, under their lock. Made when the first one is asked for.
+// All timers that run, under their lock. Made when the first one is asked for, and never destroyed: windows
+// of static objects go after what is made so late.
 struct Registry {
     std::recursive_mutex lock;
     std::map<Key, tvWndTimer*> timers;
 };
 
 Registry& TheRegistry() {
-    static Registry registry;
+    static auto& registry = *new Registry;
     return registry;
 }
 

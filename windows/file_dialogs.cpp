@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "foundation/language.h"
+#include "windows/caption.h"
 
 namespace {
 
@@ -39,7 +40,7 @@ std::unique_ptr<tvFileDialog> ExportDialog() {
     AddFilter(*dialog, u"type_csv", u"*.csv");
     AddFilter(*dialog, u"type_html", u"*.htm");
     dialog->SetDefaultExtension(u".htm");
-    dialog->m_title = LangText(u"file", u"export");
+    dialog->m_title = WithoutMarks(LangText(u"file", u"export"));
     dialog->m_filterIndex = 1;
     return dialog;
 }

@@ -139,7 +139,7 @@ ElementQueue CVMRListBox<TOwner, TElement>::ReadCarrier(VMRD_DB& carrier) const 
 
 template <typename TOwner, typename TElement>
 bool CVMRListBox<TOwner, TElement>::PasteFromClipboard() {
-    if (m_Source == nullptr) return false;
+    if (m_Source == nullptr || !TheDatabase().m_Opened) return false;
     const auto carrier = std::make_unique<VMRD_DB>();
     ElementQueue queue = ReadCarrier(*carrier);
     if (queue.empty()) return false;

@@ -60,6 +60,7 @@ void CVMRLeftDlg::BuildTemplate() {
 void CVMRLeftDlg::OnSubclassControls() {
     m_sortCombo.SubclassDlgItem(m_hWnd, kSortId);
     m_filterEdit.SubclassDlgItem(m_hWnd, kFilterId);
+    m_filterEdit.KeepSecret();  // passwords are searched for as well
     m_list.SubclassDlgItem(m_hWnd, kItemListId);
     m_menuBtn.SubclassDlgItem(m_hWnd, CMD_MAIN_MENU);
     m_upBtn.SubclassDlgItem(m_hWnd, CMD_MOVE_UP);
@@ -148,6 +149,7 @@ void CVMRLeftDlg::DetachList() {
     m_list.m_Source = nullptr;
     m_list.Refresh();
     SetText(m_filterEdit, {});
+    m_filterEdit.Wipe();
 }
 
 void CVMRLeftDlg::AttachList(int row, bool focus) {

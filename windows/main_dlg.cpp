@@ -96,7 +96,9 @@ void CVMRDlg::OpenFromCommandLine() {
     tvstring path = PathFromArguments(CVMRApp::Arguments());
     if (path.empty() && data.bAutoOpen != 0 && !data.recentItems.empty())
         path = data.recentItems.front().path;
-    if (PathKind(path) == PATH_FILE) OnAppNotify(APPN_OPENDB, AsArgument(path.c_str()), 1, 0);
+    if (PathKind(path) != PATH_FILE) return;
+    path = ExpandPath(path);
+    OnAppNotify(APPN_OPENDB, AsArgument(path.c_str()), 1, 0);
 }
 
 // --- Layout ---

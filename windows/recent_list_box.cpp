@@ -1,5 +1,7 @@
 #include "windows/recent_list_box.h"
 
+#include <algorithm>
+
 #include "foundation/language.h"
 #include "foundation/path.h"
 #include "shell/app_data.h"
@@ -28,8 +30,9 @@ void CVMRRecentListBox::Reload() {
 
 int CVMRRecentListBox::CalcItemHeight(int) {
     const Metrics metrics = GetMetrics();
+    constexpr int kHighest = 254;  // that the system takes
     const int height = metrics.line + 2 * metrics.border;
-    return height + height % 2;
+    return std::min(height + height % 2, kHighest);
 }
 
 RECT CVMRRecentListBox::ScreenPlace() const {

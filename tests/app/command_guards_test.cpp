@@ -61,14 +61,17 @@ INSTANTIATE_TEST_SUITE_P(Commands, LosesChanges, testing::Values(CMD_NEW, CMD_OP
 
 TEST_P(LosesChanges, AndAsksWhetherItMayWithNoForEnter) {
     FileAnswer file(FileAnswer::Kind::Open, m_Path);
-    const DuringModal steps({InBox(
-        [](const tvMessageBox& box) {
-            EXPECT_EQ(box.m_style, u32{MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2});
-            EXPECT_EQ(box.m_text,
-                      u"There are unsaved changes in current database. Do you want to discard those changes "
-                      u"and continue?");
-        },
-        IDNO)});
+    const auto look = [] {
+        const auto* box = dynamic_cast<const tvMessageBox*>(tvWnd::FromHandle(FrontDialog()));
+        if (box == nullptr) return false;
+        EXPECT_EQ(box->m_style, u32{MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2});
+        EXPECT_EQ(box->m_text,
+                  u"There are unsaved changes in current database. Do you want to discard those changes "
+                  u"and continue?");
+        Type(VK_RETURN);
+        return true;
+    };
+    const DuringModal steps({look});
     Run();
     EXPECT_EQ(file.Count(), 0);
     ExpectAllKept();

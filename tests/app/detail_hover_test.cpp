@@ -47,6 +47,25 @@ TEST_F(DetailHover, HasSquareButtonsWithoutTabStops) {
     }
 }
 
+// Where a button that is hidden stays, the mouse goes through it.
+TEST_F(DetailHover, HasButtonsThatTheMouseDoesNotMeetWhileHidden) {
+    OpenPane();
+    CVMRAutoHideButton& button = Pane().m_modifyHover;
+    const POINT place{20, 30};
+    const auto hit = [&button] {
+        POINT middle{10, 10};
+        ClientToScreen(button.Handle(), &middle);
+        return button.Send(WM_NCHITTEST, 0, MAKELPARAM(middle.x, middle.y));
+    };
+    button.Show(true, &place);
+    EXPECT_EQ(hit(), HTCLIENT);
+    button.Show(false, &place);
+    EXPECT_EQ(hit(), HTTRANSPARENT);
+    ExpectAt(button, place);
+    button.Show(false, nullptr);
+    ExpectAt(button, {-48, -48});
+}
+
 TEST_F(DetailHover, ShowsNoneWhileTheMouseIsElsewhere) {
     OpenPane();
     EXPECT_EQ(Shown(), "");

@@ -54,7 +54,7 @@ TEST_F(FileDialogs, ExportToHtmlAtFirst) {
     EXPECT_TRUE(dialog.m_save);
     EXPECT_EQ(FiltersOf(dialog), "CSV Files (*.csv)|*.csv\nHTML Table (*.htm)|*.htm\n");
     EXPECT_EQ(dialog.m_defaultExtension, u"htm");
-    EXPECT_EQ(dialog.m_title, LangText(u"file", u"export"));
+    EXPECT_EQ(dialog.m_title, u"Export...") << "without the mark of its key";
     EXPECT_EQ(dialog.m_filterIndex, 1);
 }
 
@@ -72,6 +72,13 @@ TEST_F(FileDialogs, SpeakTheNewLanguageAfterAChange) {
     EXPECT_EQ(FiltersOf(GetFileDialog(FileDialogUse::OpenDatabase)),
               "Tresore (*.VMR)|*.VMR\nAll Files (*.*)|*.*\n");
     EXPECT_EQ(GetFileDialog(FileDialogUse::OpenDatabase).m_filterIndex, 0);
+    EXPECT_EQ(FiltersOf(GetFileDialog(FileDialogUse::SaveDatabase)),
+              "Tresore (*.VMR)|*.VMR\nAll Files (*.*)|*.*\n");
+    EXPECT_EQ(FiltersOf(GetFileDialog(FileDialogUse::ChooseProgram)),
+              "Programme (*.exe)|*.exe\nAll Files (*.*)|*.*\n");
+    EXPECT_EQ(GetFileDialog(FileDialogUse::Export).m_title, u"Ausgeben...");
+    EXPECT_EQ(FiltersOf(GetFileDialog(FileDialogUse::Export)),
+              "Tabellen (*.csv)|*.csv\nHTML Table (*.htm)|*.htm\n");
     UseEnglish();
     EXPECT_EQ(FiltersOf(GetFileDialog(FileDialogUse::OpenDatabase)),
               "VMR Databases (*.VMR)|*.VMR\nAll Files (*.*)|*.*\n");

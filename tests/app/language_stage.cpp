@@ -9,7 +9,8 @@ constexpr const char16_t* kFile = u"app-tests-second.ini";
 constexpr const char16_t* kText =
     u"[.info]\r\nname=Deutsch\r\n"
     u"[global]\r\nundo=Zurueck\r\nadd=Dazu...\r\ncopy=Abschrift\r\nmodify=Anders\r\n"
-    u"[file]\r\nnew=Neuer Tresor\r\ntype_vmr=Tresore\r\nsetpwd_title=Kennwort\r\n"
+    u"[file]\r\nnew=Neuer Tresor\r\ntype_vmr=Tresore\r\n"
+    u"type_app=Programme\r\ntype_csv=Tabellen\r\nexport=&Ausgeben...\r\nsetpwd_title=Kennwort\r\n"
     u"[start]\r\nrecent_open=Auf\r\n"
     u"[shelltype]\r\nname=Tresor\r\n";
 

@@ -4,6 +4,7 @@
 #include "tests/app/item_stage.h"
 #include "tests/app/menu_stage.h"
 #include "tests/app/other_language.h"
+#include "tests/gui/secret_memory.h"
 #include "toolkit/draw.h"
 #include "toolkit/tool_tip.h"
 
@@ -474,6 +475,18 @@ TEST_F(LeftDlg, AnItemThatAnUndoTookAwayHasItsNeighboursUnselected) {
     ASSERT_EQ(List().GetCount(), 3);
     Command(CMD_UNDO);
     EXPECT_EQ(Rows(), "[a][b]");
+}
+
+// Passwords are searched for as well.
+TEST_F(LeftDlg, LeavesNothingOfTheTextThatWasSearchedFor) {
+    OpenWith({u"a", u"b"});
+    const int before = CountSecrets();
+    SetWindowTextW(Box(), Wide(Secret().c_str()));
+    EXPECT_GT(CountSecrets(), before);
+    Main().OnAppNotify(APPN_DBLIST, 1, 0, 0);
+    EXPECT_EQ(TextOf(Box()), u"");
+    EXPECT_EQ(Pane().m_list.FilterText(), u"");
+    EXPECT_EQ(CountSecrets(), before);
 }
 
 TEST_F(LeftDlg, HearsNothingWithoutAWindow) {

@@ -120,4 +120,29 @@ TEST_F(StatusMessage, IsNotMissedByAClickWhileThereIsNone) {
     EXPECT_TRUE(Picture(Main().m_statusBar.Handle()) == before);
 }
 
+// --- Panes without a window ---
+
+template <typename Pane>
+void TellAll(Pane& pane) {
+    for (i32 code = APPN_LANGUAGE; code <= APPN_OPENDB; ++code)
+        pane.OnAppNotify(code, 0, 0, 0);
+}
+
+TEST_F(MainWindow, HasPanesThatHearNothingWithoutAWindow) {
+    CVMRTopDlg top;
+    CVMRLeftDlg left;
+    CVMRRightDlg right;
+    CVMRStartDlg start;
+    CVMRStatusBar bar;
+    TellAll(top);
+    TellAll(left);
+    TellAll(right);
+    TellAll(start);
+    TellAll(bar);
+    EXPECT_EQ(left.m_list.m_Source, nullptr);
+    EXPECT_EQ(right.m_Item, nullptr);
+    for (const tvWnd* pane : std::initializer_list<const tvWnd*>{&top, &left, &right, &start, &bar})
+        EXPECT_FALSE(pane->IsAttached());
+}
+
 }  // namespace

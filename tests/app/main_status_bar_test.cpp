@@ -94,6 +94,14 @@ protected:
 
 // --- Panes ---
 
+TEST_F(MainStatusBar, IgnoresWhatItDoesNotKnow) {
+    Settle(m_Dialog.Handle());
+    for (const int kind : {-1, 5, 1000})
+        m_Bar.OnAppNotify(APPN_STATUS, kind, AsArgument(u"text"), 0);
+    EXPECT_FALSE(GetUpdateRect(m_Bar.Handle(), nullptr, FALSE));
+    EXPECT_EQ(m_Bar.m_message.m_text, u"");
+}
+
 TEST_F(MainStatusBar, ShowsAutoSaveWithoutChangedOnceTheDatabaseWasSaved) {
     OpenDatabase(1);
     TheDatabase().bFilterPWD = true;

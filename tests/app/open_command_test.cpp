@@ -1,6 +1,7 @@
 // Opening a database: what is asked, what is told, and what stays when it fails.
 #include <gmock/gmock.h>
 
+#include "database/clipboard.h"
 #include "foundation/path.h"
 #include "foundation/textfile.h"
 #include "tests/app/command_stage.h"
@@ -204,8 +205,24 @@ TEST_F(WrongPassword, LeavesNoDatabaseAndThePanesAsTheyWere) {
     EXPECT_FALSE(TheDatabase().m_Opened);
     EXPECT_EQ(TheDatabase().m_Path, u"");
     EXPECT_TRUE(IsShown(Main().m_leftDlg));
+    EXPECT_EQ(Main().m_leftDlg.m_list.GetCount(), 0);
     EXPECT_TRUE(IsShown(Main().m_rightDlg));
+    EXPECT_EQ(Main().m_rightDlg.m_Item, nullptr);
     EXPECT_FALSE(IsShown(Main().m_startDlg));
+}
+
+// The list has the closed database for its source again once the mode of the search is changed.
+TEST_F(WrongPassword, LeavesNothingToPasteInto) {
+    VMRD_DB other;
+    other.m_Opened = true;
+    VMRD_Item* item = other.AddNewItem(&other);
+    ASSERT_NE(item, nullptr);
+    ASSERT_TRUE(CopyItems(Window(), ElementArray{item}));
+    Command(CMD_FILTER_ANY);
+    ASSERT_EQ(Main().m_leftDlg.m_list.m_Source, &TheDatabase());
+    EXPECT_FALSE(Main().m_leftDlg.m_list.PasteFromClipboard());
+    EXPECT_FALSE(TheDatabase().m_Changed);
+    EXPECT_EQ(Main().m_leftDlg.m_list.GetCount(), 0);
 }
 
 TEST_F(WrongPassword, LetsGoOfBothFiles) {
@@ -259,10 +276,7 @@ TEST_F(OldFormat, WithAWrongPasswordIsToldAsAFailureWithoutTheWarning) {
     const tvstring path = CopyOld();
     OpenNoting();
     const DuringModal steps({AnswerWith(u"new")});
-    const Notes notes = NotesOfOpening(path, Quiet::No);
-    ASSERT_EQ(notes.size(), 3U);
-    EXPECT_EQ(notes[1].find(Failure(path)), 0U);
-    EXPECT_EQ(notes[2], "TOPBAR");
+    EXPECT_EQ(NotesOfOpening(path, Quiet::No), (Notes{"DBLIST 1 0 0", Failure(path), "TOPBAR"}));
     EXPECT_FALSE(TheDatabase().m_Opened);
 }
 
@@ -276,8 +290,7 @@ TEST_F(OpenCommand, TellsOfADamagedFileAsOfAWrongPassword) {
     }
     OpenNoting();
     const DuringModal steps({AnswerWith(u"one")});
-    const Notes notes = NotesOfOpening(path, Quiet::No);
-    EXPECT_THAT(notes, testing::Contains(testing::StartsWith(Failure(path))));
+    EXPECT_EQ(NotesOfOpening(path, Quiet::No), (Notes{"DBLIST 1 0 0", Failure(path), "TOPBAR", "START"}));
     EXPECT_FALSE(TheDatabase().m_Opened);
 }
 

@@ -171,6 +171,16 @@ TEST_F(Placement, IsBesideTheWindowThatWasMovedLast) {
     DestroyWindow(other);
 }
 
+TEST_F(Placement, IsNotedOfTheWindowThatIsSizedOrMaximised) {
+    Open();
+    NoteLastMainWindow(nullptr);
+    SetWindowPos(Window(), nullptr, 0, 0, 900, 700, SWP_NOMOVE | SWP_NOZORDER);
+    EXPECT_EQ(VisibleLastMainWindow(), Window());
+    NoteLastMainWindow(nullptr);
+    SendMessageW(Window(), WM_SYSCOMMAND, SC_MAXIMIZE, 0);
+    EXPECT_EQ(VisibleLastMainWindow(), Window());
+}
+
 // --- Store ---
 
 TEST_F(Placement, IsStoredAsItIsAfterRestoring) {

@@ -50,4 +50,22 @@ TEST_F(SharedSettings, OfTheHistoryAreReadAgain) {
     EXPECT_EQ(TheAppData().bHistory, 1);
 }
 
+TEST_F(SharedSettings, OfTheHistoryBringTheListAlongAndTakeItAway) {
+    OpenNoting();
+    AppSettings other;
+    RecentList recent;
+    recent.AddRecent(u"C:\\a.VMR", u"a");
+    other.bHistory = 1;
+    other.LoadStoreHistory(LoadStore::Store, recent);
+    Tell(static_cast<WPARAM>(SharedSetting::History), nullptr);
+    EXPECT_EQ(TheAppData().recentItems.size(), 1U);
+    EXPECT_EQ(Main().m_startDlg.m_recentList.GetCount(), 1);
+
+    other.bHistory = 0;
+    other.LoadStoreHistory(LoadStore::Store, recent);
+    Tell(static_cast<WPARAM>(SharedSetting::History), nullptr);
+    EXPECT_TRUE(TheAppData().recentItems.empty());
+    EXPECT_EQ(Main().m_startDlg.m_recentList.GetCount(), 0);
+}
+
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "tests/gui/import_slot.h"
 #include "tests/gui/small_dialog.h"
 #include "tests/gui/test_app.h"
 
@@ -164,6 +165,27 @@ TEST(DialogModal, LeavesItsResultWhenTheProgramIsToQuitAndHandsThatOn) {
     MSG msg;
     ASSERT_TRUE(PeekMessageW(&msg, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     EXPECT_EQ(msg.wParam, 3U);
+}
+
+BOOL WINAPI FailToGetAMessage(MSG*, HWND, UINT, UINT) {
+    return -1;
+}
+
+TEST(DialogModal, EndsWhenNoMessageCanBeHad) {
+    TestDialog owner;
+    owner.Open();
+    owner.BeMain();
+    SmallDialog dialog;
+    int result = 4711;
+    {
+        const ImportSlot slot(L"user32.dll", "GetMessageW", reinterpret_cast<ULONG_PTR>(&FailToGetAMessage));
+        result = dialog.DoModal();
+    }
+    EXPECT_EQ(result, 0);
+    EXPECT_FALSE(dialog.IsAttached());
+    EXPECT_TRUE(IsWindowEnabled(owner.Handle()));
+    MSG msg;
+    EXPECT_FALSE(PeekMessageW(&msg, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) << "nobody has asked for the end";
 }
 
 TEST(DialogModal, DisablesItsOwnerWhileItRuns) {

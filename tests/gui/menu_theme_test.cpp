@@ -91,6 +91,30 @@ TEST_F(MenuTest, ABarThatIsMadeAnewIsSetOnItsWindowAgain) {
     EXPECT_TRUE(IsOwnerDrawnAt(bar.GetSubMenu(0)->Handle(), 0));
 }
 
+// The rest of the bar has the colours of the theme.
+TEST_F(MenuTest, ABarOfPlainRowsIsDrawnAnewWithTheTheme) {
+    class CountingDialog : public TestDialog {
+    public:
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            if (message == WM_NCPAINT) ++m_frames;
+            return TestDialog::WindowProc(message, wParam, lParam);
+        }
+        int m_frames = 0;
+    };
+    CountingDialog dialog;
+    dialog.Open();
+    tvMenu bar;
+    bar.m_plainItems = 1;
+    bar.CreateMenu();
+    bar.AddItem(kOpen, u"Open");
+    ASSERT_TRUE(bar.SetAsBar(dialog.Handle()));
+    Settle(dialog.Handle());
+    dialog.m_frames = 0;
+    TheTheme().Apply(TheTheme().FindTheme(u"Blue"));
+    EXPECT_GT(dialog.m_frames, 0);
+    EXPECT_FALSE(IsOwnerDrawnAt(bar.Handle(), 0));
+}
+
 TEST_F(MenuTest, TakesOnlyANewBackgroundFromAnotherColourTheme) {
     tvMenu menu;
     menu.CreatePopup();

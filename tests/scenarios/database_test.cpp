@@ -138,6 +138,17 @@ TEST_P(Database, IsOpenedFromTheCommandLine) {
     EXPECT_FALSE(m_Program.Sees(kSaveButton));
 }
 
+TEST_P(Database, IsOpenedByAPathWithAVariable) {
+    MakeDatabase(InFolder(u"a.VMR"), u"Mine", u"secret");
+    SetEnvironmentVariableW(L"HERE", Wide(InFolder(u"").c_str()));
+    HWND dialog = m_Program.StartAsking(u"%HERE%\\a.VMR");
+    SetEnvironmentVariableW(L"HERE", nullptr);
+    ASSERT_NE(tvWnd::FindDescendant(dialog, kEdit1), nullptr);
+    EnterTexts(u"secret");
+    ASSERT_TRUE(m_Program.WaitForNoDialog());
+    EXPECT_TRUE(PumpUntil([this] { return m_Program.Sees(kRenameButton); }));
+}
+
 TEST_P(Database, StaysClosedWithAWrongPassword) {
     const tvstring path = InFolder(u"a.VMR");
     MakeDatabase(path, u"Mine", u"secret");
