@@ -46,18 +46,20 @@ on_display() {
 
 # Programs and Wine's server talk thousands of times while windows come and paint themselves. On two processors each
 # sleeps meanwhile, and on a virtual machine the waking takes many times longer than what is asked for.
-processors=$(taskset -cp $$ | sed 's/.*: //')  # those there are for us, as 0-3,6
+processors=$(taskset -cp $$ 2>/dev/null | sed 's/.*: //') || processors=  # those there are for us, as 0-3,6
 
-# share_one_processor: from here on all that is started is on the first of them.
-share_one_processor() { taskset -cp "${processors%%[-,]*}" $$ >/dev/null; }
+# share_one_processor: from here on all that is started is on the first of them, if that can be had.
+share_one_processor() { [ -z "$processors" ] || taskset -cp "${processors%%[-,]*}" $$ >/dev/null 2>&1 || true; }
 
 # use_all_processors: ends that.
-use_all_processors() { taskset -cp "$processors" $$ >/dev/null; }
+use_all_processors() { [ -z "$processors" ] || taskset -cp "$processors" $$ >/dev/null 2>&1 || true; }
 
 # beside COMMAND...: runs it on the last of them, in a second prefix, on a display of its own: another computer with
 # another user.
 beside() {
-    WINEPREFIX=$WINEPREFIX-second taskset -c "${processors##*[-,]}" xvfb-run -a -s "-screen 0 1280x900x24" "$@"
+    local -a there=(taskset -c "${processors##*[-,]}")
+    "${there[@]}" true 2>/dev/null || there=(env)
+    WINEPREFIX=$WINEPREFIX-second "${there[@]}" xvfb-run -a -s "-screen 0 1280x900x24" "$@"
 }
 
 # make_second_prefix: for `beside`. Its server ends, so that the next one is on that display from the start.

@@ -21,7 +21,6 @@ void RunMainWindow() {
     TheApp().m_mainWnd = window;
     window->BuildTemplate();
     window->DoModal();
-    TheApp().m_mainWnd = nullptr;
     window->~CVMRDlg();
 }
 

@@ -51,26 +51,29 @@ constexpr int kLong = 256;  // units; what is shorter is overwritten with the fi
 constexpr std::size_t kMostBlocks = 4096;
 using BlockSizes = std::array<SIZE_T, kMostBlocks>;
 
-// The sizes of blocks that the heap has free. Nothing may be taken from it meanwhile.
-std::size_t FindFreeBlocks(BlockSizes& sizes) {
-    constexpr SIZE_T kLeast = kLong * sizeof(char16_t);  // smaller ones are no copies of a long text
+// Adds the sizes of blocks that the heap has free, from `least` bytes to less than `most`, to the `count`
+// there are, and gives how many there are then. Nothing may be taken from the heap meanwhile.
+std::size_t FindFreeBlocks(BlockSizes& sizes, std::size_t count, SIZE_T least, SIZE_T most) {
     const HANDLE heap = GetProcessHeap();
-    std::size_t count = 0;
-    if (HeapLock(heap) == FALSE) return 0;
+    if (HeapLock(heap) == FALSE) return count;
     PROCESS_HEAP_ENTRY entry{};
     while (count < sizes.size() && HeapWalk(heap, &entry) != FALSE) {
-        if (entry.wFlags == 0 && entry.cbData >= kLeast) sizes[count++] = entry.cbData;
+        if (entry.wFlags == 0 && entry.cbData >= least && entry.cbData < most) sizes[count++] = entry.cbData;
     }
     HeapUnlock(heap);
     return count;
 }
 
-// Takes all that the heap has free, the largest first, overwrites it and gives it back.
+// Takes all that the heap has free, the largest first, overwrites it and gives it back. Large blocks hold the
+// copies; small ones, of which there may be more than can be taken, what is left of such.
 void WipeFreeBlocks() {
+    constexpr SIZE_T kSmallest = 32;  // bytes
+    constexpr SIZE_T kLarge = kLong * sizeof(char16_t);
     std::vector<HeapBlock> taken;
     taken.reserve(kMostBlocks);
     BlockSizes sizes;
-    const std::size_t count = FindFreeBlocks(sizes);
+    const std::size_t large = FindFreeBlocks(sizes, 0, kLarge, MAXSIZE_T);
+    const std::size_t count = FindFreeBlocks(sizes, large, kSmallest, kLarge);
     std::sort(sizes.begin(), sizes.begin() + static_cast<std::ptrdiff_t>(count), std::greater<>());
     for (std::size_t i = 0; i < count; ++i) {
         HeapBlock block(HeapAlloc(GetProcessHeap(), 0, sizes[i]));

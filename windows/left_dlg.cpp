@@ -148,8 +148,8 @@ void CVMRLeftDlg::ShowDatabase() {
 void CVMRLeftDlg::DetachList() {
     m_list.m_Source = nullptr;
     m_list.Refresh();
+    m_filterEdit.Wipe();  // tells nobody
     SetText(m_filterEdit, {});
-    m_filterEdit.Wipe();
 }
 
 void CVMRLeftDlg::AttachList(int row, bool focus) {

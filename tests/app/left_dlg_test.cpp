@@ -489,6 +489,17 @@ TEST_F(LeftDlg, LeavesNothingOfTheTextThatWasSearchedFor) {
     EXPECT_EQ(CountSecrets(), before);
 }
 
+TEST_F(LeftDlg, LeavesNothingOfThatWhenTheWindowGoes) {
+    OpenWith({u"a", u"b"});
+    const int before = CountSecrets();
+    SetWindowTextW(Box(), Wide(Secret().c_str()));
+    EXPECT_GT(CountSecrets(), before);
+    DestroyWindow(Box());
+    const tvstring nothing;
+    Pane().m_list.SetView(nullptr, &nothing);
+    EXPECT_EQ(CountSecrets(), before);
+}
+
 TEST_F(LeftDlg, HearsNothingWithoutAWindow) {
     CVMRLeftDlg pane;
     for (const i32 code : {APPN_LANGUAGE, APPN_ITEMCHANGED, APPN_FILTERCHANGED, APPN_DBLIST})

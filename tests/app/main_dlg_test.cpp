@@ -124,7 +124,7 @@ TEST_F(StatusMessage, IsNotMissedByAClickWhileThereIsNone) {
 
 template <typename Pane>
 void TellAll(Pane& pane) {
-    for (i32 code = APPN_LANGUAGE; code <= APPN_OPENDB; ++code)
+    for (i32 code = APPN_LANGUAGE; code <= APPN_ROWSCHANGED; ++code)
         pane.OnAppNotify(code, 0, 0, 0);
 }
 

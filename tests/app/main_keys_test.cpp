@@ -52,18 +52,6 @@ TEST_F(MainKeys, CtrlZInAnEditBoxIsTheBoxesOwn) {
     EXPECT_EQ(Undos(), 0);
 }
 
-TEST_F(MainKeys, WithoutATableOfAcceleratorsAreNobodys) {
-    OpenNoting();
-    const HWND list = AddChild(L"ListBox");
-    const HeldCtrl ctrl;
-    auto table = std::exchange(TheAppData().hAccel, {});
-    EXPECT_FALSE(IsTaken(list, 'S'));
-    EXPECT_EQ(Saves(), 0);
-    TheAppData().hAccel = std::move(table);
-    EXPECT_TRUE(IsTaken(list, 'S'));
-    EXPECT_EQ(Saves(), 1);
-}
-
 TEST_F(MainKeys, CtrlZInAnotherControlIsUndo) {
     OpenNoting();
     const HWND list = AddChild(L"ListBox");

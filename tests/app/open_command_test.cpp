@@ -223,6 +223,10 @@ TEST_F(WrongPassword, LeavesNothingToPasteInto) {
     EXPECT_FALSE(Main().m_leftDlg.m_list.PasteFromClipboard());
     EXPECT_FALSE(TheDatabase().m_Changed);
     EXPECT_EQ(Main().m_leftDlg.m_list.GetCount(), 0);
+    TheDatabase().m_Opened = true;
+    EXPECT_TRUE(Main().m_leftDlg.m_list.PasteFromClipboard()) << "it could be pasted";
+    TheDatabase().m_Opened = false;
+    TheDatabase().m_Changed = false;
 }
 
 TEST_F(WrongPassword, LetsGoOfBothFiles) {

@@ -179,6 +179,9 @@ TEST_F(Placement, IsNotedOfTheWindowThatIsSizedOrMaximised) {
     NoteLastMainWindow(nullptr);
     SendMessageW(Window(), WM_SYSCOMMAND, SC_MAXIMIZE, 0);
     EXPECT_EQ(VisibleLastMainWindow(), Window());
+    NoteLastMainWindow(nullptr);
+    SendMessageW(Window(), WM_SYSCOMMAND, SC_MAXIMIZE, 0);
+    EXPECT_EQ(VisibleLastMainWindow(), Window()) << "its size stays, it is noted all the same";
 }
 
 // --- Store ---

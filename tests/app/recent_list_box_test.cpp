@@ -1,4 +1,5 @@
 // The list of recent databases: its rows, how they open and how they go.
+#include "tests/app/keep_font.h"
 #include "tests/app/menu_stage.h"
 #include "tests/app/start_stage.h"
 
@@ -129,6 +130,16 @@ TEST_F(RecentListBox, HasRowsOfOneLineHoweverLongTheirTexts) {
     const int line = TheTheme().TextHeight(TheTheme().Font(), nullptr) + 2 * TheTheme().m_borderWidth;
     EXPECT_EQ(Height(RowRect(0)), line + line % 2);
     EXPECT_EQ(Height(RowRect(1)), line + line % 2);
+}
+
+TEST_F(RecentListBox, HasRowsNoHigherThanTheSystemTakes) {
+    TheAppData().AddRecent(u"C:\\x.vmr", u"x");
+    OpenWindow();
+    const KeepFont keep;
+    LOGFONTW huge = keep.Regular();
+    huge.lfHeight = -400;
+    TheTheme().SetFont(huge, 1.0F);
+    EXPECT_EQ(List().CalcItemHeight(-1), 254);
 }
 
 TEST_F(RecentListBox, PaintsAPathAtTheRightAndShortensIt) {
