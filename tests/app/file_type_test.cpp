@@ -170,6 +170,22 @@ TEST_P(FileTypeRefused, AltogetherStillSucceeds) {
         EXPECT_EQ(DefaultOf(subkey), u"");
 }
 
+LSTATUS WINAPI RefuseToDelete(HKEY, LPCWSTR) {
+    return ERROR_ACCESS_DENIED;
+}
+
+TEST_F(FileTypeTest, ThatCannotBeRemovedStaysAndSaysNothing) {
+    ASSERT_TRUE(RegisterFileType(FileType::Add));
+    const DuringModal nothing({});  // fails once a dialog stays
+    {
+        const ImportSlot slot(L"advapi32.dll", "RegDeleteTreeW",
+                              reinterpret_cast<ULONG_PTR>(&RefuseToDelete));
+        RegisterFileType(FileType::Remove);
+    }
+    for (const char16_t* subkey : {kExtension, kProgram, kIcon, kCommand})
+        EXPECT_NE(DefaultOf(subkey), u"");
+}
+
 // --- Asking ---
 
 class FileTypePrompt : public FileTypeTest {
