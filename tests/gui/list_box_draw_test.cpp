@@ -91,6 +91,27 @@ tvMListState State(bool selected, bool hot, bool focused) {
     return state;
 }
 
+TEST_F(ListDraw, ATextThatFindsNoRoomIsClipped) {
+    constexpr int kHighest = 254;
+    constexpr int kBelow = 100;
+    constexpr COLORREF kGround = RGB(255, 0, 255);
+    tvMListState state{};
+    state.m_index = m_Drawn.AddItem(tvstring(5000, u'w'));
+    m_Drawn.GetItemColors(state);
+    RECT rect{};
+    m_Drawn.GetItemRect(state.m_index, rect);
+    ASSERT_EQ(Height(rect), kHighest);
+    const Canvas canvas(Width(rect), kHighest + kBelow, kGround);
+    const tvSelected font(canvas.Dc(), TheTheme().Font());
+    m_Drawn.OnDraw(canvas.Dc(), {0, 0, Width(rect), kHighest}, &state);
+    int painted = 0;
+    for (int y = kHighest; y < kHighest + kBelow; ++y)
+        for (int x = 0; x < Width(rect); ++x)
+            if (GetPixel(canvas.Dc(), x, y) != kGround) ++painted;
+    EXPECT_EQ(painted, 0);
+    EXPECT_NE(GetPixel(canvas.Dc(), 0, kHighest - 1), kGround);
+}
+
 TEST_F(ListDraw, HasTheColoursOfItsStateUnderAColourTheme) {
     const tvTheme& theme = TheTheme();
     const struct {
