@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "toolkit/control_state.h"
+#include "toolkit/rect.h"
 #include "toolkit/statics.h"
 #include "toolkit/theme.h"
 
@@ -223,6 +225,12 @@ void tvCheckBox::OnAutoFit() {
     const RECT place = PlaceOf(m_hWnd);
     Fit(place.left, place.top, place.right - place.left, kFree, true);
     m_fitting = false;
+}
+
+int tvCheckBox::LabelWidth() {
+    if (!IsAttached()) return 0;
+    const Box& box = BoxSize();
+    return std::max(Width(ClientOf(m_hWnd)) - box.side - box.gap - 2 * kEdge, 0);
 }
 
 int tvCheckBox::Fit(int x, int y, int maxWidth, int maxHeight, bool exactWidth) {

@@ -22,6 +22,9 @@ public:
     // The same, for a control that from now on does not fit itself when its text or size changes.
     int FitToText(int x, int y, int maxWidth, int maxHeight, bool exactWidth);
 
+    // How many pixels the label can be wide.
+    [[nodiscard]] int LabelWidth();
+
     bool UsesSystemLook() override;
     void GetColors(const DRAWITEMSTRUCT& item, tvButtonColors& colors) override;
     void OnAutoFit() override;

@@ -76,6 +76,21 @@ int DrawTextPathEllipsis(const tvstring& text, HDC dc, const RECT& rect, UINT fo
     return dots + used;
 }
 
+tvstring CutTextToWidth(const tvstring& text, HDC dc, int width) {
+    const auto countWithin = [&](int room, SIZE& whole) {
+        int count = 0;
+        GetTextExtentExPointW(dc, Wide(text.c_str()), static_cast<int>(text.size()), room, &count, nullptr,
+                              &whole);
+        return static_cast<std::size_t>(count);
+    };
+    SIZE whole{};
+    countWithin(0, whole);
+    if (whole.cx <= width) return text;
+    std::size_t kept = countWithin(std::max(width - WidthOf(dc, kDots, DT_SINGLELINE), 0), whole);
+    if (kept > 0 && IS_HIGH_SURROGATE(text[kept - 1])) --kept;
+    return text.substr(0, kept).append(kDots);
+}
+
 void DrawShadowedText(HDC dc, const tvstring& text, const RECT& rect) {
     constexpr UINT kFlags = DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS;
     constexpr BYTE kLight = 160;

@@ -12,5 +12,9 @@ int MeasureText(const tvstring& text, UINT flags, HDC dc, RECT& rect);
 // used.
 int DrawTextPathEllipsis(const tvstring& text, HDC dc, const RECT& rect, UINT format);
 
+// A text of one line that is wider than `width` pixels: as much of its beginning as fits with "..." behind
+// it; the dots alone where nothing does. Any other as it is.
+tvstring CutTextToWidth(const tvstring& text, HDC dc, int width);
+
 // Centred, with a shadow under a light text.
 void DrawShadowedText(HDC dc, const tvstring& text, const RECT& rect);

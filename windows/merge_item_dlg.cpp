@@ -9,6 +9,7 @@
 #include "shell/statics.h"
 #include "toolkit/control_state.h"
 #include "toolkit/rect.h"
+#include "toolkit/text_draw.h"
 #include "toolkit/theme.h"
 #include "windows/dialog_layout.h"
 #include "windows/set_control.h"
@@ -22,11 +23,17 @@ constexpr i32 kWholeWidth = 100;
 constexpr std::size_t kItems = 2;
 constexpr UINT kPreviewFlags = DT_NOPREFIX | DT_PATH_ELLIPSIS | DT_WORD_ELLIPSIS;
 
-// A name as a caption, in which a single "&" would mark a short cut.
-tvstring NameText(const VMRD_Element* item) {
-    tvstring text = ElementText(item);
+// A text as a caption, in which a single "&" would mark a short cut.
+tvstring AsCaption(tvstring text) {
     ReplaceAll(text, u"&", u"&&");
     return text;
+}
+
+// A name as long as there is room for it.
+tvstring CutToFit(const tvstring& name, HFONT font, int width) {
+    const tvClientDC screen(nullptr);
+    const tvSelected selected(screen.Get(), font);
+    return CutTextToWidth(name, screen.Get(), width);
 }
 
 tvstring InfoText() {
@@ -70,17 +77,31 @@ void CVMRMergeItemDlg::OnUpdateText() {
 // The names come before the layout, since the height of a radio button hangs on its text.
 bool CVMRMergeItemDlg::OnInitDialog() {
     CVMRBaseDlg::OnInitDialog();
-    const auto name = [this](std::size_t index) {
-        return index < m_Items.size() ? NameText(m_Items[index]) : tvstring();
-    };
-    SetText(m_radio1, name(0));
-    SetText(m_radio2, name(1));
+    SetText(m_radio1, AsCaption(NameOf(0)));
+    SetText(m_radio2, AsCaption(NameOf(1)));
     LayOut();
+    ShowNames();
     m_radio1.Send(BM_SETCHECK, BST_CHECKED);
     m_radio2.Send(BM_SETCHECK, BST_UNCHECKED);
     BuildPreview(0);
     CenterWindow();
     return true;
+}
+
+// --- The names ---
+
+tvstring CVMRMergeItemDlg::NameOf(std::size_t index) const {
+    return index < m_Items.size() ? ElementText(m_Items[index]) : tvstring();
+}
+
+// The system cuts a caption off wherever it ends: where it paints the buttons, dots are put into the caption.
+void CVMRMergeItemDlg::ShowNames() {
+    std::size_t index = 0;
+    for (tvCheckBox* radio : {&m_radio1, &m_radio2}) {
+        tvstring name = NameOf(index++);
+        if (radio->UsesSystemLook()) name = CutToFit(name, m_font, radio->LabelWidth());
+        SetText(*radio, AsCaption(std::move(name)));
+    }
 }
 
 // --- The preview ---
@@ -159,6 +180,13 @@ void CVMRMergeItemDlg::Merge() {
 
 LRESULT CVMRMergeItemDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
+        case WM_SYSCOLORCHANGE:
+            if (lParam == reinterpret_cast<LPARAM>(&TheTheme())) {
+                for (const tvCheckBox* radio : {&m_radio1, &m_radio2})
+                    radio->Send(message, wParam, lParam);
+                ShowNames();
+            }
+            break;
         case WM_COMMAND:
             if (LOWORD(wParam) == kRadio1 || LOWORD(wParam) == kRadio2) OnUpdateState();
             if (LOWORD(wParam) == IDOK) Merge();

@@ -39,6 +39,8 @@ private:
     [[nodiscard]] bool IsSecondChosen() const;
     void Merge();
     void LayOut();
+    [[nodiscard]] tvstring NameOf(std::size_t index) const;
+    void ShowNames();
     int LayOutRadios(const RECT& content, int top) const;
     int HighestPreview(int width);
 };

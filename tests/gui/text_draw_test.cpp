@@ -196,6 +196,38 @@ TEST_F(TextDraw, FlagsThatWouldWrapMoveOrOnlyMeasureDoNotCount) {
     }
 }
 
+// --- The ellipsis behind ---
+
+TEST_F(TextDraw, TextIsKeptWholeWhereItFits) {
+    const int width = WidthOf(kPath);
+    EXPECT_EQ(CutTextToWidth(kPath, canvas.Dc(), width), kPath);
+    EXPECT_EQ(CutTextToWidth(u"", canvas.Dc(), 0), u"");
+}
+
+// The longest beginning that has room beside the dots, found in the plainest way.
+TEST_F(TextDraw, TextIsCutBehindAsMuchOfItsBeginningAsHasRoomBesideTheDots) {
+    const tvstring text(kPath);
+    for (int width = WidthOf(u"..."); width < WidthOf(kPath); ++width) {
+        std::size_t kept = 0;
+        while (WidthOf(text.substr(0, kept + 1)) + WidthOf(u"...") <= width)
+            ++kept;
+        EXPECT_EQ(CutTextToWidth(text, canvas.Dc(), width), text.substr(0, kept) + u"...") << width;
+    }
+}
+
+TEST_F(TextDraw, TextWithoutRoomForTheDotsBecomesTheDots) {
+    for (const int width : {-1, 0, 1})
+        EXPECT_EQ(CutTextToWidth(kPath, canvas.Dc(), width), u"...");
+}
+
+TEST_F(TextDraw, TextIsNotCutWithinACharacterOfTwoUnits) {
+    const tvstring text = u"\U0001F511\U0001F511\U0001F511\U0001F511";
+    for (int width = 0; width < WidthOf(text); ++width) {
+        const tvstring cut = CutTextToWidth(text, canvas.Dc(), width);
+        EXPECT_EQ((cut.size() - 3) % 2, 0U) << width;
+    }
+}
+
 // --- The shadow ---
 
 TEST_F(TextDraw, DarkTextHasNoShadow) {
