@@ -3,7 +3,7 @@
 // The control keeps its text in a block that grows and never shrinks, and what was deleted last in another
 // one, for undoing. Both are overwritten through the control, since it does not show them. Whatever it
 // replaces it may copy meanwhile and leave the copy behind: so the text is replaced unit by unit. What it has
-// copied to break a long word into lines lies in blocks that it has freed by then.
+// copied to paint a text, or to break a long word into lines, lies in blocks that it has freed by then.
 #include <algorithm>
 #include <array>
 #include <functional>
@@ -47,7 +47,6 @@ struct FreeToHeap {
 };
 using HeapBlock = std::unique_ptr<void, FreeToHeap>;
 
-constexpr int kLong = 256;  // units; what is shorter is overwritten with the fillers
 constexpr std::size_t kMostBlocks = 4096;
 using BlockSizes = std::array<SIZE_T, kMostBlocks>;
 
@@ -68,7 +67,7 @@ std::size_t FindFreeBlocks(BlockSizes& sizes, std::size_t count, SIZE_T least, S
 // copies; small ones, of which there may be more than can be taken, what is left of such.
 void WipeFreeBlocks() {
     constexpr SIZE_T kSmallest = 32;  // bytes
-    constexpr SIZE_T kLarge = kLong * sizeof(char16_t);
+    constexpr SIZE_T kLarge = 512;
     std::vector<HeapBlock> taken;
     taken.reserve(kMostBlocks);
     BlockSizes sizes;
@@ -100,7 +99,7 @@ void tvEdit::Wipe() {
     if (isVisible) Send(WM_SETREDRAW, FALSE);
     if (!WipeBlock(m_hWnd)) OverwriteText(GetWindowTextLengthW(m_hWnd));
     OverwriteUndo(m_longest);
-    if (m_longest > kLong) WipeFreeBlocks();
+    if (m_longest > 0) WipeFreeBlocks();
     if (isVisible) Send(WM_SETREDRAW, TRUE);
     Send(EM_SETLIMITTEXT, limit);
     m_wiping = false;

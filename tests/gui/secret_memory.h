@@ -56,5 +56,7 @@ inline void ForgetSecrets() {
         std::vector<std::vector<u8>> blocks;
         for (std::size_t size = 16; size < 2000; size += 16)
             blocks.emplace_back(size, u8{1});
+        for (std::size_t size = 2000; size < 200'000; size += size / 4)
+            blocks.emplace_back(size, u8{1});
     }
 }
