@@ -73,7 +73,7 @@ bool tvabdraw::DrawAnimated(HWND window, HDC dc, const RECT& rect, void* paint) 
     if (animation.From() != nullptr)
         BitBlt(animation.From(), rect.left, rect.top, width, height, buffer, 0, 0, SRCCOPY);
     if (animation.To() != nullptr) {
-        const tvSelected font(animation.To(), GetCurrentObject(dc, OBJ_FONT));
+        const tvSelected font(animation.To(), GetCurrentObject(buffer, OBJ_FONT));
         SetBkMode(animation.To(), TRANSPARENT);
         OnDraw(animation.To(), rect, paint);
         BitBlt(buffer, 0, 0, width, height, animation.To(), rect.left, rect.top, SRCCOPY);
@@ -81,20 +81,46 @@ bool tvabdraw::DrawAnimated(HWND window, HDC dc, const RECT& rect, void* paint) 
     return true;
 }
 
-void tvabdraw::PaintBuffered(HWND window, HDC dc, const RECT& rect, void* paint, Fade fade) {
-    const int width = Width(rect);
-    const int height = Height(rect);
+HDC tvabdraw::PrepareFrame(HDC dc, HGDIOBJ font, const RECT& rect) {
     const HBITMAP before = m_buffer.m_bitmap.Get();
-    const HDC buffer = m_buffer.Prepare(dc, width, height);
+    const HDC buffer = m_buffer.Prepare(dc, font, Width(rect), Height(rect));
     if (m_buffer.m_bitmap.Get() != before) m_hasFrame = false;
+    return buffer;
+}
+
+void tvabdraw::PaintPrepared(HWND window, HDC dc, const RECT& rect, void* paint, Fade fade) {
     if (m_hasFrame && fade == Fade::Yes && DrawAnimated(window, dc, rect, paint)) return;
+    const HDC buffer = m_buffer.m_dc.Get();
     if (buffer == nullptr) {
         OnDraw(dc, rect, paint);
         return;
     }
+    const int width = Width(rect);
+    const int height = Height(rect);
     OnDraw(buffer, BoxAt(0, 0, width, height), paint);
     BitBlt(dc, rect.left, rect.top, width, height, buffer, 0, 0, SRCCOPY);
     m_hasFrame = true;
+}
+
+void tvabdraw::PaintBuffered(HWND window, HDC dc, const RECT& rect, void* paint, Fade fade) {
+    PrepareFrame(dc, GetCurrentObject(dc, OBJ_FONT), rect);
+    PaintPrepared(window, dc, rect, paint, fade);
+}
+
+void tvabdraw::PaintWhole(HWND window, HFONT font, void* paint, Fade fade) {
+    constexpr UINT kPainted = RDW_VALIDATE | RDW_NOERASE | RDW_NOFRAME | RDW_NOINTERNALPAINT | RDW_NOCHILDREN;
+    RedrawWindow(window, nullptr, nullptr, kPainted);
+    const tvClientDC dc(window);
+    RECT rect{};
+    GetClientRect(window, &rect);
+    const HGDIOBJ used = font == nullptr ? GetStockObject(SYSTEM_FONT) : font;
+    if (PrepareFrame(dc.Get(), used, rect) != nullptr) {
+        PaintPrepared(window, dc.Get(), rect, paint, fade);
+        return;
+    }
+    const tvSelected selected(dc.Get(), used);
+    SetBkMode(dc.Get(), TRANSPARENT);
+    PaintPrepared(window, dc.Get(), rect, paint, fade);
 }
 
 void tvabdraw::ResetBuffer(HWND window, Redraw redraw) {

@@ -26,6 +26,11 @@ public:
     enum class Fade { Yes, No };
     void PaintBuffered(HWND window, HDC dc, const RECT& rect, void* paint, Fade fade);
 
+    // Answers WM_PAINT of a window that has no frame, and clips its children if it has any: paints the whole
+    // client area in this font, whatever part of it was to be painted. BeginPaint and EndPaint also see to
+    // frame, background and caret; with many windows that took most of the time of painting them.
+    void PaintWhole(HWND window, HFONT font, void* paint, Fade fade);
+
     // Ends a fade and forgets the last picture, so that the next one does not fade from it; then, if asked
     // to, has a visible window painted anew.
     enum class Redraw { No, Yes };
@@ -35,6 +40,11 @@ public:
 
     tvMemDC m_buffer;
     bool m_hasFrame = false;  // the buffer holds the last complete picture
+
+private:
+    // The buffer's context in the size of the rectangle; null if there is none to be had.
+    HDC PrepareFrame(HDC dc, HGDIOBJ font, const RECT& rect);
+    void PaintPrepared(HWND window, HDC dc, const RECT& rect, void* paint, Fade fade);
 };
 
 class tvPaintDC {

@@ -44,13 +44,12 @@ u32* tvBitmap::Row(int row) const noexcept {
     return reinterpret_cast<u32*>(m_bits) + below * static_cast<std::size_t>(m_width);
 }
 
-HDC tvMemDC::Prepare(HDC target, int width, int height) {
+HDC tvMemDC::Prepare(HDC target, HGDIOBJ font, int width, int height) {
     if (!m_dc) {
         m_dc.Reset(CreateCompatibleDC(target));
         SetBkMode(m_dc.Get(), TRANSPARENT);
     }
     // To select a font takes time even if it is there already.
-    const HGDIOBJ font = GetCurrentObject(target, OBJ_FONT);
     if (GetCurrentObject(m_dc.Get(), OBJ_FONT) != font) SelectObject(m_dc.Get(), font);
     m_usedWidth = std::max(width, 1);
     m_usedHeight = std::max(height, 1);

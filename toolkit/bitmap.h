@@ -37,9 +37,14 @@ public:
     tvMemDC(const tvMemDC&) = delete;
     tvMemDC& operator=(const tvMemDC&) = delete;
 
-    // A context like `target`, with its font, transparent background mode and a bitmap of at least this size
+    // A context like `target`, with this font, transparent background mode and a bitmap of at least this size
     // (and at least 1 by 1). Null if the system fails. A smaller size than before keeps the bitmap.
-    HDC Prepare(HDC target, int width, int height);
+    HDC Prepare(HDC target, HGDIOBJ font, int width, int height);
+
+    // The same with the font that the target has.
+    HDC Prepare(HDC target, int width, int height) {
+        return Prepare(target, GetCurrentObject(target, OBJ_FONT), width, height);
+    }
 
     void Reset();
 

@@ -57,6 +57,7 @@ public:
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnSubclassed() override;
+    // Without a context it is the answer to WM_PAINT, which an owner-drawn button gives itself.
     void OnReflectDrawItem(DRAWITEMSTRUCT* item) override;
     void OnDraw(HDC dc, const RECT& rect, void* paint) override;
 
@@ -113,6 +114,7 @@ private:
     void OnMouseGone();
     void PostCommand() const;
     void RenewTip() const;
+    void PaintWindow();
     [[nodiscard]] LRESULT DialogCode(WPARAM key, LRESULT code);
     [[nodiscard]] COLORREF SystemTextColor(const tvButtonColors& colors) const;
     void DrawThemed(HDC dc, RECT& rect, const tvButtonColors& colors) const;

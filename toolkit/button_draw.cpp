@@ -1,5 +1,6 @@
 // How a button is painted.
 #include "toolkit/button.h"
+#include "toolkit/control_state.h"
 #include "toolkit/mouse_place.h"
 #include "toolkit/statics.h"
 #include "toolkit/theme.h"
@@ -15,10 +16,31 @@ constexpr float kRoundPen = 1.5F;
 void tvButton::OnReflectDrawItem(DRAWITEMSTRUCT* item) {
     tvButtonColors colors;
     GetColors(*item, colors);
-    RECT rect;
-    GetClientRect(m_hWnd, &rect);
     const bool classic = TheTheme().m_isSystemDefault && !m_theme;
-    PaintBuffered(m_hWnd, item->hDC, rect, &colors, m_noAnimation != 0 || classic ? Fade::No : Fade::Yes);
+    const Fade fade = m_noAnimation != 0 || classic ? Fade::No : Fade::Yes;
+    if (item->hDC != nullptr) {
+        PaintBuffered(m_hWnd, item->hDC, ClientOf(m_hWnd), &colors, fade);
+    } else {
+        PaintWhole(m_hWnd, m_font, &colors, fade);
+    }
+}
+
+// What the system would have the parent say, without the context.
+void tvButton::PaintWindow() {
+    DRAWITEMSTRUCT item{};
+    item.CtlType = ODT_BUTTON;
+    item.CtlID = static_cast<UINT>(GetDlgCtrlID(m_hWnd));
+    item.itemAction = ODA_DRAWENTIRE;
+    item.hwndItem = m_hWnd;
+    item.rcItem = ClientOf(m_hWnd);
+    const LRESULT state = Send(BM_GETSTATE);
+    const LRESULT cues = Send(WM_QUERYUISTATE);
+    if ((state & BST_PUSHED) != 0) item.itemState |= ODS_SELECTED;
+    if ((state & BST_FOCUS) != 0) item.itemState |= ODS_FOCUS;
+    if (HasStyle(m_hWnd, WS_DISABLED)) item.itemState |= ODS_DISABLED;
+    if ((cues & UISF_HIDEACCEL) != 0) item.itemState |= ODS_NOACCEL;
+    if ((cues & UISF_HIDEFOCUS) != 0) item.itemState |= ODS_NOFOCUSRECT;
+    OnReflectDrawItem(&item);
 }
 
 void tvButton::GetColors(const DRAWITEMSTRUCT& item, tvButtonColors& colors) {

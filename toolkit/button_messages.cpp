@@ -39,6 +39,10 @@ bool tvButton::BeforeDefault(UINT message, WPARAM& wParam, LPARAM lParam, LRESUL
         case WM_SETTEXT:
             OnTextSet(lParam);
             return false;
+        case WM_PAINT:
+            if (wParam != 0 || !IsOwnerDrawn()) return false;
+            PaintWindow();
+            return true;
         case WM_ERASEBKGND:
             result = 1;
             return wParam != 0 && !UsesSystemLook();

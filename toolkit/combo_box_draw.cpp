@@ -119,8 +119,7 @@ void tvComboBox::PaintWindow() {
     const bool systemDefault = TheTheme().m_isSystemDefault;
     if (systemDefault) OpenTheme();
     const bool classic = systemDefault && !m_theme;
-    const tvPaintDC paint(m_hWnd, m_font);
-    PaintBuffered(m_hWnd, paint.m_dc, ClientOf(m_hWnd), nullptr, classic ? Fade::No : Fade::Yes);
+    PaintWhole(m_hWnd, m_font, nullptr, classic ? Fade::No : Fade::Yes);
 }
 
 void tvComboBox::OnDraw(HDC dc, const RECT& rect, void* /*paint*/) {

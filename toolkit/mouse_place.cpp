@@ -30,6 +30,7 @@ bool IsOfPainting(UINT message) {
         case WM_DRAWITEM:
         case WM_GETFONT:
         case WM_QUERYUISTATE:
+        case BM_GETSTATE:
             return true;
         default:
             return message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC;

@@ -7,9 +7,8 @@
 
 // A thumb that moves must not fade.
 void tvScrollBox::PaintBox() {
-    const tvPaintDC paint(m_hWnd, m_font);
     const bool moves = IsActive() && m_hasVScroll != 0 && IsUsable();
-    PaintBuffered(m_hWnd, paint.m_dc, ClientOf(m_hWnd), nullptr, moves ? Fade::No : Fade::Yes);
+    PaintWhole(m_hWnd, m_font, nullptr, moves ? Fade::No : Fade::Yes);
 }
 
 void tvScrollBox::OnPaintDlg(HDC dc, const RECT& rect) {

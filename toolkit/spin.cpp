@@ -186,8 +186,7 @@ void tvSpinCtrl::OnAutoFit() {
 // --- Drawing ---
 
 void tvSpinCtrl::PaintWindow() {
-    const tvPaintDC paint(m_hWnd, m_font);
-    PaintBuffered(m_hWnd, paint.m_dc, ClientOf(m_hWnd), nullptr, Fade::Yes);
+    PaintWhole(m_hWnd, m_font, nullptr, Fade::Yes);
 }
 
 bool tvSpinCtrl::IsPushed(int part) const {

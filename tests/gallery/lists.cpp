@@ -84,6 +84,25 @@ void Lists::FillMenu() {
     m_Menu.AddItem(kDefault, u"&Default");
 }
 
+MENUITEMINFOW Lists::MenuRow(int position) const {
+    MENUITEMINFOW info{};
+    info.cbSize = sizeof info;
+    info.fMask = MIIM_ID | MIIM_STATE;
+    GetMenuItemInfoW(m_Menu.Handle(), static_cast<UINT>(position), TRUE, &info);
+    return info;
+}
+
+void Lists::MeasureMenu() {
+    m_RowHeights.clear();
+    for (int position = 0; position < m_Menu.GetItemCount(); ++position) {
+        MEASUREITEMSTRUCT size{};
+        size.CtlType = ODT_MENU;
+        size.itemID = MenuRow(position).wID;
+        m_Menu.OnMeasureItem(&size);
+        m_RowHeights.push_back(static_cast<int>(size.itemHeight));
+    }
+}
+
 // In two columns, the second with every row selected.
 void Lists::DrawMenu(HDC dc, const RECT& rect) {
     const int middle = (rect.left + rect.right) / 2;
@@ -91,21 +110,14 @@ void Lists::DrawMenu(HDC dc, const RECT& rect) {
     for (const UINT selected : {0U, UINT{ODS_SELECTED}}) {
         int y = rect.top;
         for (int position = 0; position < m_Menu.GetItemCount(); ++position) {
-            MENUITEMINFOW info{};
-            info.cbSize = sizeof info;
-            info.fMask = MIIM_ID | MIIM_STATE;
-            GetMenuItemInfoW(m_Menu.Handle(), static_cast<UINT>(position), TRUE, &info);
-            MEASUREITEMSTRUCT size{};
-            size.CtlType = ODT_MENU;
-            size.itemID = info.wID;
-            m_Menu.OnMeasureItem(&size);
+            const MENUITEMINFOW info = MenuRow(position);
             DRAWITEMSTRUCT item{};
             item.CtlType = ODT_MENU;
             item.itemID = info.wID;
             item.itemState = selected | ((info.fState & MFS_GRAYED) != 0 ? UINT{ODS_GRAYED} : 0U) |
                              (info.wID == kDefault ? UINT{ODS_DEFAULT} : 0U);
             item.hDC = dc;
-            const int height = static_cast<int>(size.itemHeight);
+            const int height = m_RowHeights[static_cast<std::size_t>(position)];
             item.rcItem = {selected != 0 ? middle : rect.left, y, selected != 0 ? rect.right : middle,
                            y + height};
             m_Menu.OnDrawItem(&item);
@@ -116,6 +128,7 @@ void Lists::DrawMenu(HDC dc, const RECT& rect) {
 }
 
 void Lists::Place(const ControlMap& controls, HFONT font, int x, int y) {
+    MeasureMenu();
     const auto place = [&](u16 id, int left, int width) {
         const PixelSize at = DialogUnitsToPixels(font, left, y);
         const PixelSize size = DialogUnitsToPixels(font, width, kHeight);

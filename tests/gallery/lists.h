@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <vector>
 
 #include "tests/gallery/control_map.h"
 #include "tests/gallery/sheet.h"
@@ -20,7 +21,7 @@ public:
     void Wrap(const ControlMap& controls);
 
     // Puts them into their places, in the dialog units of a font; the corner is in those too.
-    static void Place(const ControlMap& controls, HFONT font, int x, int y);
+    void Place(const ControlMap& controls, HFONT font, int x, int y);
 
     // How many dialog units it takes.
     [[nodiscard]] static int Height();
@@ -37,9 +38,12 @@ private:
     enum : std::size_t { LIST_PLAIN, LIST_FOCUSED, LIST_LINES, LISTS };
 
     void FillMenu();
+    [[nodiscard]] MENUITEMINFOW MenuRow(int position) const;
+    void MeasureMenu();
     void DrawMenu(HDC dc, const RECT& rect);
 
     std::array<PosedList, LISTS> m_Lists;
     tvMenu m_Menu;
+    std::vector<int> m_RowHeights;  // of the menu
     Sheet m_MenuSheet;
 };
