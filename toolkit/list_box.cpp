@@ -279,7 +279,6 @@ int tvMListBox::TextHeight(std::u16string_view text, int width, int line) const 
 }
 
 int tvMListBox::CalcItemHeight(int index) {
-    constexpr int kHighest = 254;  // that the system takes
     const auto [border, gap, line] = GetMetrics();
     int height = line;
     if (const tvMListItem* item = m_items.At(index)) {
@@ -294,8 +293,7 @@ int tvMListBox::CalcItemHeight(int index) {
         width -= static_cast<int>(tabs) * (line + 2 * border);
         height = std::max(noteHeight, TextHeight(item->m_text.view().substr(tabs), width, line));
     }
-    height += 2 * border;
-    return std::min(height + height % 2, kHighest);
+    return RowHeightFor(height + 2 * border);
 }
 
 // Heights that have not changed are not told: to tell each takes time, and so does it to end a Bulk.

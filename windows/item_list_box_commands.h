@@ -98,6 +98,7 @@ bool CVMRListBox<TOwner, TElement>::CanMove(const std::vector<int>& rows, bool u
 template <typename TOwner, typename TElement>
 void CVMRListBox<TOwner, TElement>::MoveSelected(bool up) {
     if (!CanMove(SelectedRows(), up)) return;
+    HideTip();
     Chosen chosen = Choose(up ? From::First : From::Last);
     {
         const Bulk bulk(*this);
@@ -143,13 +144,18 @@ bool CVMRListBox<TOwner, TElement>::PasteFromClipboard() {
     const auto carrier = std::make_unique<VMRD_DB>();
     ElementQueue queue = ReadCarrier(*carrier);
     if (queue.empty()) return false;
+    HideTip();
     TElement* before = nullptr;
     const int row = GetFirstSelected(&before, false);
     {
         const Bulk bulk(*this);
-        Model::Add(queue, before, m_Source);
-        SetSel(-1, false);
-        InsertPasted(queue, row);
+        const auto asked = static_cast<i32>(queue.size());
+        if (Model::Add(queue, before, m_Source) == asked) {
+            SetSel(-1, false);
+            InsertPasted(queue, row);
+        } else {
+            Refresh();
+        }
     }
     TellChange();
     return true;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "toolkit/draw.h"
+#include "toolkit/list_text.h"
 #include "toolkit/rect.h"
 #include "toolkit/text_draw.h"
 #include "toolkit/theme.h"
@@ -13,10 +14,8 @@
 
 template <typename TOwner, typename TElement>
 int CVMRListBox<TOwner, TElement>::CalcItemHeight(int) {
-    constexpr int kHighest = 254;  // that the system takes
     const Metrics metrics = GetMetrics();
-    const int height = metrics.line + 2 * metrics.border;
-    return std::min(height + height % 2, kHighest);
+    return RowHeightFor(metrics.line + 2 * metrics.border);
 }
 
 template <typename TOwner, typename TElement>
@@ -114,17 +113,18 @@ void CVMRListBox<TOwner, TElement>::OnTipText(NMTTDISPINFOW& info) {
     info.lpszText = Wide(item->m_note.data());
 }
 
-// The tip covers the row.
+// The tip covers the row. False if there is none for it to cover.
 template <typename TOwner, typename TElement>
-void CVMRListBox<TOwner, TElement>::OnTipShown() {
+bool CVMRListBox<TOwner, TElement>::SizeTip() {
     constexpr LONG kWidest = 32000;
     const tvMListItem* item = HoverItem();
-    if (item == nullptr || item->m_note.empty()) return;
+    if (item == nullptr || item->m_note.empty()) return false;
     RECT size{0, 0, kWidest, kWidest};
     MeasureText(item->m_note, DT_SINGLELINE | DT_NOPREFIX, m_measureDC.m_dc.Get(), size);
     RECT row{};
     GetItemRect(m_HoverRow, row);
     TheToolTip().SetSize(m_hWnd, Width(size), Height(row));
+    return true;
 }
 
 template <typename TOwner, typename TElement>
@@ -137,7 +137,7 @@ bool CVMRListBox<TOwner, TElement>::OnTipNotice(NMHDR* header, LRESULT& result) 
             OnTipText(*reinterpret_cast<NMTTDISPINFOW*>(header));
             return true;
         case TTN_SHOW:
-            OnTipShown();
+            result = SizeTip() ? TRUE : FALSE;  // or the system sizes it
             return true;
         default:
             return false;

@@ -35,6 +35,7 @@ std::vector<ViewRow> CVMRListBox<TOwner, TElement>::ReadRows() const {
 // The same elements in another order.
 template <typename TOwner, typename TElement>
 void CVMRListBox<TOwner, TElement>::WriteRows(const std::vector<ViewRow>& rows) {
+    HideTip();
     std::vector<int> selected;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const auto row = static_cast<int>(i);

@@ -1,12 +1,11 @@
 #include "windows/recent_list_box.h"
 
-#include <algorithm>
-
 #include "foundation/language.h"
 #include "foundation/path.h"
 #include "shell/app_data.h"
 #include "shell/statics.h"
 #include "toolkit/app.h"
+#include "toolkit/list_text.h"
 #include "toolkit/message_box.h"
 #include "toolkit/theme.h"
 #include "windows/base_dlg.h"
@@ -30,9 +29,7 @@ void CVMRRecentListBox::Reload() {
 
 int CVMRRecentListBox::CalcItemHeight(int) {
     const Metrics metrics = GetMetrics();
-    constexpr int kHighest = 254;  // that the system takes
-    const int height = metrics.line + 2 * metrics.border;
-    return std::min(height + height % 2, kHighest);
+    return RowHeightFor(metrics.line + 2 * metrics.border);
 }
 
 RECT CVMRRecentListBox::ScreenPlace() const {

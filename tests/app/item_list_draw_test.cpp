@@ -318,6 +318,28 @@ TEST_F(ItemListDraw, AWiderListLosesTheTipWithItsNextPaint) {
     EXPECT_EQ(List().m_HoverRow, -1);
 }
 
+// The row at its place is another one then.
+TEST_F(ItemListDraw, ATipGoesWhenTheRowsChangeUnderIt) {
+    const tvstring longer(60, u'W');
+    OpenWith({u"b", longer.c_str()});
+    Select({0});
+    ASSERT_TRUE(List().CopySelection());
+    const std::function<void()> changes[] = {[this] { List().PasteFromClipboard(); },
+                                             [this] { List().MoveSelected(false); },
+                                             [this] { List().Resort(); }};
+    for (const auto& change : changes) {
+        PointAt(List().GetCount() - 1);
+        ASSERT_TRUE(TipComesUp());
+        change();
+        EXPECT_FALSE(IsTipUp());
+        EXPECT_EQ(List().m_HoverRow, -1);
+        for (int row = 0; row < List().GetCount(); ++row)
+            EXPECT_TRUE(List().ItemOfRow(row)->m_note.empty()) << row;
+        MoveMouseAway();
+        Select({0});
+    }
+}
+
 TEST_F(ItemListDraw, ATipGoesWithItsRow) {
     OpenWith({kLong.c_str()});
     PointAt(0);
