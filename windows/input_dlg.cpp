@@ -90,6 +90,9 @@ bool CVMRInputDlg::OnInitDialog() {
 
 // The texts move into the boxes, so that both are empty unless OK puts them back.
 void CVMRInputDlg::SetTexts() {
+    // The system's limit is half of what an element can hold, and cuts a longer text off without a word.
+    for (const tvEdit* edit : {&m_edit1, &m_edit2})
+        edit->Send(EM_SETLIMITTEXT, 0);
     if (!m_Text.empty()) SetText(m_edit1, m_Text);
     if (!m_Text2.empty()) SetText(m_edit2, m_Text2);
     m_Text.clear();

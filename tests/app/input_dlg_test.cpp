@@ -57,6 +57,22 @@ TEST_F(InputDialog, KeepsALeadingBlankLine) {
     EXPECT_EQ(m_Dialog->m_Text, u"\r\nx");
 }
 
+TEST_F(InputDialog, TakesAllThatAnElementCanHold) {
+    constexpr std::size_t kMost = 65'535;
+    constexpr std::size_t kLine = 64;
+    for (const bool isMultiLine : {false, true}) {
+        Renew();
+        if (isMultiLine) BeMultiLine();
+        tvstring text(kMost, u'x');
+        for (std::size_t i = kLine; isMultiLine && i < kMost; i += kLine) {
+            text[i - 2] = u'\r';
+            text[i - 1] = u'\n';
+        }
+        EXPECT_EQ(Run({Putting(kEdit1, text.c_str()), PressButton(IDOK)}), IDOK);
+        EXPECT_TRUE(m_Dialog->m_Text == text) << m_Dialog->m_Text.size();
+    }
+}
+
 TEST_F(InputDialog, GivesTwoTextsThatDiffer) {
     m_Dialog->m_PlainText = 0;
     m_Dialog->m_TwoFields = 1;
