@@ -51,7 +51,7 @@ void tvScrollBox::Attach(HWND child, void* /*reserved*/) {
     TakePlaceOf(child, before);
     TakeFrameFrom(child);
     OnLayout();
-    if (HasStyle(child, WS_DISABLED)) EnableWindow(m_hWnd, FALSE);
+    EnableWindow(m_hWnd, HasStyle(child, WS_DISABLED) ? FALSE : TRUE);
     if (HasStyle(child, WS_VISIBLE)) ShowWindow(m_hWnd, SW_SHOWNA);
 }
 
@@ -163,6 +163,7 @@ void tvScrollBox::FollowMove(WINDOWPOS& place) {
 // The box stays for the next control.
 void tvScrollBox::OnChildGone() {
     m_child = nullptr;
+    m_childHasWheel = false;
     m_drag = {};
     if (GetCapture() == m_hWnd) ReleaseCapture();
     ShowWindow(m_hWnd, SW_HIDE);

@@ -149,6 +149,17 @@ TEST_F(PlainDialog, UsesABoxAgainForTheNextControl) {
     EXPECT_TRUE(IsWindowVisible(host));
 }
 
+TEST_F(PlainDialog, CanBeUsedAgainAfterAControlThatCouldNot) {
+    tvEdit edit;
+    edit.SubclassWindow(MakeEdit(m_Dialog.Handle(), WS_VISIBLE | WS_DISABLED | kLinesStyle, 0));
+    HWND host = edit.m_scrollBox.Handle();
+    EXPECT_FALSE(IsWindowEnabled(host));
+    DestroyWindow(edit.Handle());
+    edit.SubclassWindow(MakeEdit(m_Dialog.Handle(), WS_VISIBLE | kLinesStyle, 0, kBehind));
+    ASSERT_EQ(edit.m_scrollBox.Handle(), host);
+    EXPECT_TRUE(IsWindowEnabled(host));
+}
+
 TEST_F(PlainDialog, HasTheGroundOfEditBoxesForEachNewControl) {
     tvEdit edit;
     edit.SubclassWindow(MakeEdit(m_Dialog.Handle(), WS_VISIBLE | kLinesStyle, 0));

@@ -467,4 +467,13 @@ TEST_F(StyledScrollBox, IsGrayAndHasNoThumbWhereThereIsNothingToScroll) {
     EXPECT_THAT(Lit(SCROLL_NONE), ElementsAre(Call{7, 4}, Call{6, 4}, Call{1, 4}, Call{1, 8}));
 }
 
+// The control is told to paint itself by its own message.
+TEST(ScrollBoxPaint, LeavesTheControlToBePainted) {
+    const LinesStage stage;
+    RedrawWindow(stage.Host(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    SendMessageW(stage.Host(), WM_PAINT, 0, 0);
+    EXPECT_EQ(GetUpdateRect(stage.Host(), nullptr, FALSE), FALSE);
+    EXPECT_NE(GetUpdateRect(stage.Control(), nullptr, FALSE), FALSE);
+}
+
 }  // namespace

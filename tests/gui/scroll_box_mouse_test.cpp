@@ -89,7 +89,7 @@ TEST(ScrollBoxMouse, DoesNothingOnABarThatIsOfNoUse) {
     ASSERT_FALSE(IsRectEmpty(&stage.Box().m_parts[SCROLL_BAR]));
     ASSERT_NE(stage.Box().m_states[SCROLL_BAR] & STATE_SYSTEM_UNAVAILABLE, 0U);
     HandedOn handed(stage.control);
-    for (const int part : {SCROLL_UP, SCROLL_THUMB, SCROLL_DOWN}) {
+    for (const int part : {SCROLL_UP, SCROLL_PAGE_UP, SCROLL_THUMB, SCROLL_PAGE_DOWN, SCROLL_DOWN}) {
         MoveToPart(stage, part);
         Press();
         EXPECT_EQ(GetCapture(), nullptr);
