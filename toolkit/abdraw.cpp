@@ -1,5 +1,6 @@
 #include "toolkit/abdraw.h"
 
+#include "toolkit/control_state.h"
 #include "toolkit/late_functions.h"
 #include "toolkit/live_count.h"
 #include "toolkit/rect.h"
@@ -111,15 +112,11 @@ void tvabdraw::PaintWhole(HWND window, HFONT font, void* paint, Fade fade) {
     constexpr UINT kPainted = RDW_VALIDATE | RDW_NOERASE | RDW_NOFRAME | RDW_NOINTERNALPAINT | RDW_NOCHILDREN;
     RedrawWindow(window, nullptr, nullptr, kPainted);
     const tvClientDC dc(window);
-    RECT rect{};
-    GetClientRect(window, &rect);
+    const RECT rect = ClientOf(window);
     const HGDIOBJ used = font == nullptr ? GetStockObject(SYSTEM_FONT) : font;
-    if (PrepareFrame(dc.Get(), used, rect) != nullptr) {
-        PaintPrepared(window, dc.Get(), rect, paint, fade);
-        return;
-    }
-    const tvSelected selected(dc.Get(), used);
-    SetBkMode(dc.Get(), TRANSPARENT);
+    const bool isDirect = PrepareFrame(dc.Get(), used, rect) == nullptr;
+    const tvSelected selected(dc.Get(), isDirect ? used : nullptr);
+    if (isDirect) SetBkMode(dc.Get(), TRANSPARENT);
     PaintPrepared(window, dc.Get(), rect, paint, fade);
 }
 

@@ -16,7 +16,8 @@ public:
     // is.
     virtual bool DrawAnimated(HWND window, HDC dc, const RECT& rect, void* paint);
 
-    // Paints the whole picture into `rect` of the context. `paint` is what PaintBuffered was given.
+    // Paints the whole picture into `rect` of the context. `paint` is what PaintBuffered or PaintWhole
+    // was given.
     virtual void OnDraw(HDC dc, const RECT& rect, void* paint) = 0;
 
     virtual ~tvabdraw();
@@ -26,9 +27,10 @@ public:
     enum class Fade { Yes, No };
     void PaintBuffered(HWND window, HDC dc, const RECT& rect, void* paint, Fade fade);
 
-    // Answers WM_PAINT of a window that has no frame, and clips its children if it has any: paints the whole
-    // client area in this font, whatever part of it was to be painted. BeginPaint and EndPaint also see to
-    // frame, background and caret; with many windows that took most of the time of painting them.
+    // Answers WM_PAINT of a window that has no frame, clips its children if it has any, and the siblings over
+    // it if there are any: paints the whole client area in this font, whatever part of it was to be painted.
+    // BeginPaint and EndPaint also see to frame, background and caret; with many windows that took most of
+    // the time of painting them.
     void PaintWhole(HWND window, HFONT font, void* paint, Fade fade);
 
     // Ends a fade and forgets the last picture, so that the next one does not fade from it; then, if asked

@@ -57,7 +57,6 @@ public:
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     void OnSubclassed() override;
-    // Without a context it is the answer to WM_PAINT, which an owner-drawn button gives itself.
     void OnReflectDrawItem(DRAWITEMSTRUCT* item) override;
     void OnDraw(HDC dc, const RECT& rect, void* paint) override;
 
@@ -114,7 +113,9 @@ private:
     void OnMouseGone();
     void PostCommand() const;
     void RenewTip() const;
+    // Answers WM_PAINT of an owner-drawn button.
     void PaintWindow();
+    [[nodiscard]] Fade FadeToNext() const;
     [[nodiscard]] LRESULT DialogCode(WPARAM key, LRESULT code);
     [[nodiscard]] COLORREF SystemTextColor(const tvButtonColors& colors) const;
     void DrawThemed(HDC dc, RECT& rect, const tvButtonColors& colors) const;

@@ -16,23 +16,17 @@ constexpr float kRoundPen = 1.5F;
 void tvButton::OnReflectDrawItem(DRAWITEMSTRUCT* item) {
     tvButtonColors colors;
     GetColors(*item, colors);
-    const bool classic = TheTheme().m_isSystemDefault && !m_theme;
-    const Fade fade = m_noAnimation != 0 || classic ? Fade::No : Fade::Yes;
-    if (item->hDC != nullptr) {
-        PaintBuffered(m_hWnd, item->hDC, ClientOf(m_hWnd), &colors, fade);
-    } else {
-        PaintWhole(m_hWnd, m_font, &colors, fade);
-    }
+    PaintBuffered(m_hWnd, item->hDC, ClientOf(m_hWnd), &colors, FadeToNext());
 }
 
-// What the system would have the parent say, without the context.
+tvabdraw::Fade tvButton::FadeToNext() const {
+    const bool classic = TheTheme().m_isSystemDefault && !m_theme;
+    return m_noAnimation != 0 || classic ? Fade::No : Fade::Yes;
+}
+
+// In the state that the system would have the parent tell.
 void tvButton::PaintWindow() {
     DRAWITEMSTRUCT item{};
-    item.CtlType = ODT_BUTTON;
-    item.CtlID = static_cast<UINT>(GetDlgCtrlID(m_hWnd));
-    item.itemAction = ODA_DRAWENTIRE;
-    item.hwndItem = m_hWnd;
-    item.rcItem = ClientOf(m_hWnd);
     const LRESULT state = Send(BM_GETSTATE);
     const LRESULT cues = Send(WM_QUERYUISTATE);
     if ((state & BST_PUSHED) != 0) item.itemState |= ODS_SELECTED;
@@ -40,7 +34,9 @@ void tvButton::PaintWindow() {
     if (HasStyle(m_hWnd, WS_DISABLED)) item.itemState |= ODS_DISABLED;
     if ((cues & UISF_HIDEACCEL) != 0) item.itemState |= ODS_NOACCEL;
     if ((cues & UISF_HIDEFOCUS) != 0) item.itemState |= ODS_NOFOCUSRECT;
-    OnReflectDrawItem(&item);
+    tvButtonColors colors;
+    GetColors(item, colors);
+    PaintWhole(m_hWnd, m_font, &colors, FadeToNext());
 }
 
 void tvButton::GetColors(const DRAWITEMSTRUCT& item, tvButtonColors& colors) {

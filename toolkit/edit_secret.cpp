@@ -5,7 +5,6 @@
 // replaces it may copy meanwhile and leave the copy behind: so the text is replaced unit by unit. What it has
 // copied to paint a text, or to break a long word into lines, lies in blocks that it has freed by then.
 #include <algorithm>
-#include <array>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -47,37 +46,33 @@ struct FreeToHeap {
 };
 using HeapBlock = std::unique_ptr<void, FreeToHeap>;
 
-constexpr std::size_t kMostBlocks = 4096;
-using BlockSizes = std::array<SIZE_T, kMostBlocks>;
+constexpr std::size_t kMostBlocks = 65'536;
 
-// Adds the sizes of blocks that the heap has free, from `least` bytes to less than `most`, to the `count`
-// there are, and gives how many there are then. Nothing may be taken from the heap meanwhile.
-std::size_t FindFreeBlocks(BlockSizes& sizes, std::size_t count, SIZE_T least, SIZE_T most) {
+// The sizes of blocks that the heap has free, as many as `sizes` has room for without taking more from the
+// heap.
+void FindFreeBlocks(std::vector<SIZE_T>& sizes) {
     const HANDLE heap = GetProcessHeap();
-    if (HeapLock(heap) == FALSE) return count;
+    if (HeapLock(heap) == FALSE) return;
     PROCESS_HEAP_ENTRY entry{};
-    while (count < sizes.size() && HeapWalk(heap, &entry) != FALSE) {
-        if (entry.wFlags == 0 && entry.cbData >= least && entry.cbData < most) sizes[count++] = entry.cbData;
+    while (sizes.size() < sizes.capacity() && HeapWalk(heap, &entry) != FALSE) {
+        if (entry.wFlags == 0 && entry.cbData > 0) sizes.push_back(entry.cbData);
     }
     HeapUnlock(heap);
-    return count;
 }
 
-// Takes all that the heap has free, the largest first, overwrites it and gives it back. Large blocks hold the
-// copies; small ones, of which there may be more than can be taken, what is left of such.
+// Takes all that the heap has free, the largest first, overwrites it and gives it back. A copy is as large as
+// the text was; where it was used again, a smaller block is left of it.
 void WipeFreeBlocks() {
-    constexpr SIZE_T kSmallest = 32;  // bytes
-    constexpr SIZE_T kLarge = 512;
     std::vector<HeapBlock> taken;
+    std::vector<SIZE_T> sizes;
     taken.reserve(kMostBlocks);
-    BlockSizes sizes;
-    const std::size_t large = FindFreeBlocks(sizes, 0, kLarge, MAXSIZE_T);
-    const std::size_t count = FindFreeBlocks(sizes, large, kSmallest, kLarge);
-    std::sort(sizes.begin(), sizes.begin() + static_cast<std::ptrdiff_t>(count), std::greater<>());
-    for (std::size_t i = 0; i < count; ++i) {
-        HeapBlock block(HeapAlloc(GetProcessHeap(), 0, sizes[i]));
+    sizes.reserve(kMostBlocks);
+    FindFreeBlocks(sizes);
+    std::sort(sizes.begin(), sizes.end(), std::greater<>());
+    for (const SIZE_T size : sizes) {
+        HeapBlock block(HeapAlloc(GetProcessHeap(), 0, size));
         if (block == nullptr) continue;
-        platform::WipeMemory(block.get(), sizes[i]);
+        platform::WipeMemory(block.get(), size);
         taken.push_back(std::move(block));
     }
 }

@@ -77,16 +77,13 @@ int DrawTextPathEllipsis(const tvstring& text, HDC dc, const RECT& rect, UINT fo
 }
 
 tvstring CutTextToWidth(const tvstring& text, HDC dc, int width) {
-    const auto countWithin = [&](int room, SIZE& whole) {
-        int count = 0;
-        GetTextExtentExPointW(dc, Wide(text.c_str()), static_cast<int>(text.size()), room, &count, nullptr,
-                              &whole);
-        return static_cast<std::size_t>(count);
-    };
+    const int room = std::max(width - WidthOf(dc, kDots, DT_SINGLELINE), 0);
+    int count = 0;
     SIZE whole{};
-    countWithin(0, whole);
-    if (whole.cx <= width) return text;
-    std::size_t kept = countWithin(std::max(width - WidthOf(dc, kDots, DT_SINGLELINE), 0), whole);
+    GetTextExtentExPointW(dc, Wide(text.c_str()), static_cast<int>(text.size()), room, &count, nullptr,
+                          &whole);
+    if (whole.cx <= width || text.empty()) return text;
+    auto kept = static_cast<std::size_t>(count);
     if (kept > 0 && IS_HIGH_SURROGATE(text[kept - 1])) --kept;
     return text.substr(0, kept).append(kDots);
 }

@@ -182,6 +182,7 @@ LRESULT CVMRMergeItemDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     switch (message) {
         case WM_SYSCOLORCHANGE:
             if (lParam == reinterpret_cast<LPARAM>(&TheTheme())) {
+                // They are posted it too, but their boxes have to be measured before there is room for names.
                 for (const tvCheckBox* radio : {&m_radio1, &m_radio2})
                     radio->Send(message, wParam, lParam);
                 ShowNames();

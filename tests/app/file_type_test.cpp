@@ -45,7 +45,35 @@ protected:
     ~FileTypeTest() override { ForgetAll(); }
 };
 
+// Notes what the shell is told of changes, in place of telling it.
+class ShellNews {
+public:
+    ShellNews() { s_Told.clear(); }
+
+    // Of every time: whether the file type was there.
+    [[nodiscard]] static const std::vector<bool>& Told() { return s_Told; }
+
+private:
+    static void WINAPI Note(LONG event, UINT flags, const void* first, const void* second) {
+        EXPECT_EQ(event, SHCNE_ASSOCCHANGED);
+        EXPECT_EQ(flags, 0U);
+        EXPECT_TRUE(first == nullptr && second == nullptr);
+        s_Told.push_back(Exists(kCommand));
+    }
+
+    inline static std::vector<bool> s_Told;
+    ImportSlot m_Slot{L"shell32.dll", "SHChangeNotify", reinterpret_cast<ULONG_PTR>(&Note)};
+};
+
 // --- Adding and removing ---
+
+TEST_F(FileTypeTest, ShellIsToldOnceItIsWrittenAndOnceItIsGone) {
+    const ShellNews news;
+    EXPECT_TRUE(RegisterFileType(FileType::Add));
+    EXPECT_EQ(ShellNews::Told(), (std::vector<bool>{true}));
+    EXPECT_TRUE(RegisterFileType(FileType::Remove));
+    EXPECT_EQ(ShellNews::Told(), (std::vector<bool>{true, false}));
+}
 
 TEST_F(FileTypeTest, IsFourTexts) {
     const tvstring program = ProgramPath(u"");

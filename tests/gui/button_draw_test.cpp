@@ -249,9 +249,9 @@ public:
         m_theme.Reset();
         return Painted::WindowProc(message, wParam, lParam);
     }
-    void OnReflectDrawItem(DRAWITEMSTRUCT* item) override {
+    void GetColors(const DRAWITEMSTRUCT& item, tvButtonColors& colors) override {
         m_theme.Reset();
-        Painted::OnReflectDrawItem(item);
+        Painted::GetColors(item, colors);
     }
 };
 
@@ -306,9 +306,9 @@ TEST(ClassicPushButton, HasGrayTextWhenItIsDisabled) {
 
 class Styled : public Painted {
 public:
-    void OnReflectDrawItem(DRAWITEMSTRUCT* item) override {
+    void GetColors(const DRAWITEMSTRUCT& item, tvButtonColors& colors) override {
         if (!m_theme) m_theme.Reset(OpenThemeData(m_hWnd, L"Button"));
-        Painted::OnReflectDrawItem(item);
+        Painted::GetColors(item, colors);
     }
 };
 

@@ -49,6 +49,16 @@ int SideIn(std::u16string_view theme, HWND window) {
 
 UNDER_EACH_THEME(CheckBoxFit);
 
+TEST_P(CheckBoxFit, HasRoomForItsLabelBesideTheBox) {
+    BoxStage stage(GetParam(), BS_AUTOCHECKBOX, u"Caption");
+    stage.button.FitToText(7, 9, 1000, 1000, false);
+    const SIZE text = TextSize(stage.Window(), u"Caption");
+    EXPECT_EQ(stage.button.LabelWidth(), text.cx + 2);
+    SetWindowPos(stage.Window(), nullptr, 0, 0, 4, 20, SWP_NOMOVE | SWP_NOZORDER);
+    EXPECT_EQ(stage.button.LabelWidth(), 0);
+    EXPECT_EQ(tvCheckBox().LabelWidth(), 0);
+}
+
 TEST_P(CheckBoxFit, TakesTheWidthOfBoxAndText) {
     BoxStage stage(GetParam(), BS_AUTOCHECKBOX, u"Caption");
     const HWND window = stage.Window();

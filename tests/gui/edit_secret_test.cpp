@@ -124,6 +124,27 @@ TEST(EditWipe, EmptiesTheBoxForGood) {
     EXPECT_EQ(CountSecrets(), 0);
 }
 
+// What the control has copied and given back before, to paint the text, say.
+TEST(EditWipe, OverwritesWhatWasFreedOfAFewLetters) {
+    constexpr std::size_t kLetters = 18;
+    constexpr std::size_t kKept = 10;  // the heap puts something of its own in front
+    EditStage stage(kLight, ES_PASSWORD);
+    SetSecret(stage.Window(), kLetters);
+    const tvstring secret = Secret(kLetters);
+    std::vector<const volatile char16_t*> copies;
+    for (int i = 0; i < 50; ++i) {
+        auto* copy = static_cast<char16_t*>(HeapAlloc(GetProcessHeap(), 0, kLetters * sizeof(char16_t)));
+        ASSERT_NE(copy, nullptr);
+        std::copy_n(secret.c_str(), kLetters, copy);
+        copies.push_back(copy);
+    }
+    for (const volatile char16_t* copy : copies)
+        HeapFree(GetProcessHeap(), 0, const_cast<char16_t*>(copy));
+    ASSERT_GE(CountUnitsAt(copies, kKept, kLetters), 100) << "freed, but there";
+    stage.input.Wipe();
+    EXPECT_EQ(CountUnitsAt(copies, kKept, kLetters), 0);
+}
+
 TEST(EditWipe, LeavesABoxThatCanBeUsed) {
     EditStage stage(kLight, ES_PASSWORD);
     stage.input.Send(EM_SETLIMITTEXT, 7);

@@ -128,8 +128,9 @@ TEST(MousePlace, CaptureIsKeptForAMomentWhileWindowsArePainted) {
         const bool inTime = WithinTheMoment([&] {
             TheMousePlace().Captured();
             SetCapture(window);
-            for (const UINT message : std::initializer_list<UINT>{WM_PAINT, WM_NCPAINT, WM_ERASEBKGND,
-                                                                  WM_DRAWITEM, WM_CTLCOLORBTN})
+            for (const UINT message :
+                 std::initializer_list<UINT>{WM_PAINT, WM_NCPAINT, WM_ERASEBKGND, WM_DRAWITEM, WM_CTLCOLORBTN,
+                                             BM_GETSTATE, WM_QUERYUISTATE, WM_GETFONT})
                 TheMousePlace().ForgetOn(message);
             kept = TheMousePlace().Captured();
         });

@@ -49,6 +49,16 @@ inline int CountSecrets() {
     return count;
 }
 
+// How many of these places still hold what makes up a part of the secret. They may be free by now.
+inline int CountUnitsAt(const std::vector<const volatile char16_t*>& places, std::size_t from,
+                        std::size_t to) {
+    int count = 0;
+    for (const volatile char16_t* place : places)
+        for (std::size_t i = from; i < to; ++i)
+            if (place[i] == SecretUnit(i)) ++count;
+    return count;
+}
+
 // For the tests to come: overwrites what is left in memory that is free.
 inline void ForgetSecrets() {
     constexpr int kRounds = 100;
