@@ -24,7 +24,7 @@ tvabdraw::Fade tvButton::FadeToNext() const {
     return m_noAnimation != 0 || classic ? Fade::No : Fade::Yes;
 }
 
-// In the state that the system would have the parent tell.
+// In the state that the system would have the parent tell: nothing else of the item counts for the colours.
 void tvButton::PaintWindow() {
     DRAWITEMSTRUCT item{};
     const LRESULT state = Send(BM_GETSTATE);

@@ -46,34 +46,33 @@ struct FreeToHeap {
 };
 using HeapBlock = std::unique_ptr<void, FreeToHeap>;
 
-constexpr std::size_t kMostBlocks = 65'536;
+constexpr std::size_t kMostBlocks = 65'536;  // what the heap has beyond the first of these stays as it is
 
-// The sizes of blocks that the heap has free, as many as `sizes` has room for without taking more from the
-// heap.
-void FindFreeBlocks(std::vector<SIZE_T>& sizes) {
+// Writes the sizes of blocks that the heap has free, as far as there is room for them, and gives their
+// number.
+std::size_t FindFreeBlocks(std::vector<SIZE_T>& sizes) {
     const HANDLE heap = GetProcessHeap();
-    if (HeapLock(heap) == FALSE) return;
+    if (HeapLock(heap) == FALSE) return 0;
+    std::size_t count = 0;
     PROCESS_HEAP_ENTRY entry{};
-    while (sizes.size() < sizes.capacity() && HeapWalk(heap, &entry) != FALSE) {
-        if (entry.wFlags == 0 && entry.cbData > 0) sizes.push_back(entry.cbData);
+    while (count < sizes.size() && HeapWalk(heap, &entry) != FALSE) {
+        if (entry.wFlags == 0 && entry.cbData > 0) sizes[count++] = entry.cbData;
     }
     HeapUnlock(heap);
+    return count;
 }
 
 // Takes all that the heap has free, the largest first, overwrites it and gives it back. A copy is as large as
-// the text was; where it was used again, a smaller block is left of it.
+// the text was; where it was used again, a smaller block is left of it. What this needs itself it takes
+// before and writes all over: that may have been a copy too.
 void WipeFreeBlocks() {
-    std::vector<HeapBlock> taken;
-    std::vector<SIZE_T> sizes;
-    taken.reserve(kMostBlocks);
-    sizes.reserve(kMostBlocks);
-    FindFreeBlocks(sizes);
-    std::sort(sizes.begin(), sizes.end(), std::greater<>());
-    for (const SIZE_T size : sizes) {
-        HeapBlock block(HeapAlloc(GetProcessHeap(), 0, size));
-        if (block == nullptr) continue;
-        platform::WipeMemory(block.get(), size);
-        taken.push_back(std::move(block));
+    std::vector<HeapBlock> taken(kMostBlocks);
+    std::vector<SIZE_T> sizes(kMostBlocks);
+    const std::size_t count = FindFreeBlocks(sizes);
+    std::sort(sizes.begin(), sizes.begin() + static_cast<std::ptrdiff_t>(count), std::greater<>());
+    for (std::size_t i = 0; i < count; ++i) {
+        taken[i].reset(HeapAlloc(GetProcessHeap(), 0, sizes[i]));
+        if (taken[i] != nullptr) platform::WipeMemory(taken[i].get(), sizes[i]);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "database/database.h"
 #include "foundation/language.h"
 #include "foundation/product.h"
 #include "foundation/textops.h"
@@ -90,9 +91,7 @@ bool CVMRInputDlg::OnInitDialog() {
 
 // The texts move into the boxes, so that both are empty unless OK puts them back.
 void CVMRInputDlg::SetTexts() {
-    // The system's limit is half of what an element can hold, and cuts a longer text off without a word.
-    for (const tvEdit* edit : {&m_edit1, &m_edit2})
-        edit->Send(EM_SETLIMITTEXT, 0);
+    LimitTexts();
     if (!m_Text.empty()) SetText(m_edit1, m_Text);
     if (!m_Text2.empty()) SetText(m_edit2, m_Text2);
     m_Text.clear();
@@ -101,6 +100,14 @@ void CVMRInputDlg::SetTexts() {
     m_edit1.SetCue(m_Tip, true);
     ShowIf(m_edit2, m_TwoFields != 0);
     m_edit2.SetCue(m_Tip2, true);
+}
+
+// What is typed or pasted can be as long as an element can hold, and no longer: the system's own limit is
+// half of that. It stays for passwords, which are overwritten unit by unit in the end.
+void CVMRInputDlg::LimitTexts() const {
+    if (m_PlainText == 0 && m_MultiLine == 0) return;
+    for (const tvEdit* edit : {&m_edit1, &m_edit2})
+        edit->Send(EM_SETLIMITTEXT, kLongestText);
 }
 
 void CVMRInputDlg::SetUpExtraButton() const {

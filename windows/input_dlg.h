@@ -55,6 +55,7 @@ private:
     void RunExtraCommand() const;
     void Browse() const;
     void SetTexts();
+    void LimitTexts() const;
     void SetUpExtraButton() const;
     void PutCaretAtEnd() const;
     void LoadStoreSize(bool load) const;

@@ -162,7 +162,7 @@ private:
     void TakeTipFont() const;
     [[nodiscard]] tvMListItem* HoverItem() const;
     void OnTipText(NMTTDISPINFOW& info);
-    bool SizeTip();
+    void OnTipShown();
 };
 
 extern template class CVMRListBox<VMRD_DB, VMRD_Item>;

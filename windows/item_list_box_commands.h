@@ -154,7 +154,7 @@ bool CVMRListBox<TOwner, TElement>::PasteFromClipboard() {
             SetSel(-1, false);
             InsertPasted(queue, row);
         } else {
-            Refresh();
+            Refresh();  // no copy is ever refused; if one were, the rows would not tell
         }
     }
     TellChange();

@@ -113,18 +113,17 @@ void CVMRListBox<TOwner, TElement>::OnTipText(NMTTDISPINFOW& info) {
     info.lpszText = Wide(item->m_note.data());
 }
 
-// The tip covers the row. False if there is none for it to cover.
+// The tip covers the row.
 template <typename TOwner, typename TElement>
-bool CVMRListBox<TOwner, TElement>::SizeTip() {
+void CVMRListBox<TOwner, TElement>::OnTipShown() {
     constexpr LONG kWidest = 32000;
     const tvMListItem* item = HoverItem();
-    if (item == nullptr || item->m_note.empty()) return false;
+    if (item == nullptr || item->m_note.empty()) return;
     RECT size{0, 0, kWidest, kWidest};
     MeasureText(item->m_note, DT_SINGLELINE | DT_NOPREFIX, m_measureDC.m_dc.Get(), size);
     RECT row{};
     GetItemRect(m_HoverRow, row);
     TheToolTip().SetSize(m_hWnd, Width(size), Height(row));
-    return true;
 }
 
 template <typename TOwner, typename TElement>
@@ -137,7 +136,7 @@ bool CVMRListBox<TOwner, TElement>::OnTipNotice(NMHDR* header, LRESULT& result) 
             OnTipText(*reinterpret_cast<NMTTDISPINFOW*>(header));
             return true;
         case TTN_SHOW:
-            result = SizeTip() ? TRUE : FALSE;  // or the system sizes it
+            OnTipShown();
             return true;
         default:
             return false;

@@ -96,6 +96,7 @@ void CVMRListBox<TOwner, TElement>::Resort() {
 // Appends a row, orders all and selects the new one alone. A full list loses its first row over that.
 template <typename TOwner, typename TElement>
 void CVMRListBox<TOwner, TElement>::AddRow(VMRD_Element* element) {
+    HideTip();
     {
         const Bulk bulk(*this);
         AppendRow(element);

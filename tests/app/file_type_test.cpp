@@ -1,6 +1,8 @@
 // Binding the file type of databases to the program.
 #include "shell/file_type.h"
 
+#include <vector>
+
 #include "foundation/path.h"
 #include "foundation/registry.h"
 #include "tests/app/language_stage.h"

@@ -57,19 +57,23 @@ TEST_F(InputDialog, KeepsALeadingBlankLine) {
     EXPECT_EQ(m_Dialog->m_Text, u"\r\nx");
 }
 
-TEST_F(InputDialog, TakesAllThatAnElementCanHold) {
+// A longer one could not be read from the file again.
+TEST_F(InputDialog, TakesAllThatAnElementCanHoldAndNoMore) {
     constexpr std::size_t kMost = 65'535;
     constexpr std::size_t kLine = 64;
     for (const bool isMultiLine : {false, true}) {
-        Renew();
-        if (isMultiLine) BeMultiLine();
         tvstring text(kMost, u'x');
         for (std::size_t i = kLine; isMultiLine && i < kMost; i += kLine) {
             text[i - 2] = u'\r';
             text[i - 1] = u'\n';
         }
-        EXPECT_EQ(Run({Putting(kEdit1, text.c_str()), PressButton(IDOK)}), IDOK);
-        EXPECT_TRUE(m_Dialog->m_Text == text) << m_Dialog->m_Text.size();
+        for (const char16_t* more : {u"", u"y"}) {
+            Renew();
+            if (isMultiLine) BeMultiLine();
+            const tvstring pasted = text + more;
+            EXPECT_EQ(Run({Putting(kEdit1, pasted.c_str()), PressButton(IDOK)}), IDOK);
+            EXPECT_TRUE(m_Dialog->m_Text == text) << m_Dialog->m_Text.size();
+        }
     }
 }
 

@@ -1,5 +1,7 @@
 // How the item list paints its rows, what it says while nothing matches, and the tool tips of rows that are
 // cut off.
+#include <functional>
+
 #include "tests/app/item_stage.h"
 #include "tests/app/keep_font.h"
 #include "tests/app/other_language.h"

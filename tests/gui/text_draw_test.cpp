@@ -201,7 +201,7 @@ TEST_F(TextDraw, FlagsThatWouldWrapMoveOrOnlyMeasureDoNotCount) {
 TEST_F(TextDraw, TextIsKeptWholeWhereItFits) {
     const int width = WidthOf(kPath);
     EXPECT_EQ(CutTextToWidth(kPath, canvas.Dc(), width), kPath);
-    EXPECT_EQ(CutTextToWidth(u"", canvas.Dc(), 0), u"");
+    EXPECT_EQ(CutTextToWidth(u"", canvas.Dc(), -1), u"");
 }
 
 // The longest beginning that has room beside the dots, found in the plainest way.
