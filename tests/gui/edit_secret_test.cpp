@@ -142,7 +142,8 @@ TEST(EditWipe, OverwritesWhatWasFreedOfAFewLetters) {
         HeapFree(GetProcessHeap(), 0, const_cast<char16_t*>(copy));
     ASSERT_GE(CountUnitsAt(copies, kKept, kLetters), 100) << "freed, but there";
     stage.input.Wipe();
-    EXPECT_EQ(CountUnitsAt(copies, kKept, kLetters), 0);
+    // A block or two may have been taken meanwhile, and hold what their new owners have not written over.
+    EXPECT_LE(CountUnitsAt(copies, kKept, kLetters), 2 * static_cast<int>(kLetters - kKept));
 }
 
 TEST(EditWipe, LeavesABoxThatCanBeUsed) {
