@@ -132,7 +132,7 @@ TEST(EditWipe, OverwritesWhatWasFreedOfAFewLetters) {
     SetSecret(stage.Window(), kLetters);
     const tvstring secret = Secret(kLetters);
     std::vector<const volatile char16_t*> copies;
-    for (int i = 0; i < 50; ++i) {
+    for (int i = 0; i < 2000; ++i) {
         auto* copy = static_cast<char16_t*>(HeapAlloc(GetProcessHeap(), 0, kLetters * sizeof(char16_t)));
         ASSERT_NE(copy, nullptr);
         std::copy_n(secret.c_str(), kLetters, copy);
